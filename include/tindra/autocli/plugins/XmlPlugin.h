@@ -1,0 +1,61 @@
+#ifndef TINDRA_AUTOCLI_PLUGINS_XMLPLUGIN_H
+#define TINDRA_AUTOCLI_PLUGINS_XMLPLUGIN_H
+
+#include <list>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tindra/autocli/formatters/Formatter.h"
+#include "tindra/autocli/tree/Namespace.h"
+#include "tindra/autocli/tree/NamespaceNode.h"
+#include "tindra/autocli/tree/Plugin.h"
+
+// The parser's node type; only pointers to it appear here, so the parser's headers stay private.
+struct _xmlNode;
+
+namespace Tindra {
+namespace AutoCli {
+
+// A plug-in read from one XML descriptor file: namespaces and commands carried out by external
+// programs. Initialize reads and checks the whole file; nothing reaches the tree before
+// RegisterNamespaces, so a faulty file costs only its own commands.
+class XmlPlugin : public Plugin {
+public:
+    using Registration = std::pair<std::string, std::shared_ptr<NamespaceNode>>;
+
+    static std::shared_ptr<XmlPlugin> New(std::string const& fileName);
+    explicit XmlPlugin(std::string const& fileName);
+    ~XmlPlugin() override = default;
+
+    void Initialize() override;
+    std::string const& GetName() const override { return fileName; }
+    void RegisterNamespaces(std::shared_ptr<Namespace> root) override;
+    bool HasFormatter(std::string const& name) override;
+    std::shared_ptr<Formatter> GetFormatter(std::string const& name) override;
+    std::vector<std::shared_ptr<Formatter>>& GetFormatters() override;
+
+    // The namespaces and then the commands read by Initialize, each in document order.
+    std::vector<Registration> const& GetPendingRegistrations() const { return pending; }
+
+private:
+    void ReadDescriptor();
+    void AddNamespaces(_xmlNode* node);
+    void AddNamespace(_xmlNode* node);
+    void AddCommands(_xmlNode* node);
+    void AddCommand(_xmlNode* node);
+    void ReadCommand(_xmlNode* node, std::string const& path, std::string const& description);
+    void CheckRegistration(Namespace& root, Registration const& registration);
+    void Register(Namespace& root, Registration const& registration);
+    static std::list<std::string> SplitPath(std::string const& path);
+    static std::string TakeLastName(std::list<std::string>& names);
+
+    std::string fileName;
+    std::vector<Registration> pending;
+};
+
+}  // namespace AutoCli
+}  // namespace Tindra
+
+#endif

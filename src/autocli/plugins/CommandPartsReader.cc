@@ -1,0 +1,90 @@
+// Reads the meta data, default format and output prototype of a descriptor command.
+#include <string>
+
+#include "autocli/extension/ValueGrammar.h"
+#include "autocli/extension/XmlUtil.h"
+#include "autocli/plugins/DescriptorReaders.h"
+#include "tindra/TindraException.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+using CallSpec::OutputSpec;
+
+namespace {
+
+void ExtractMetaDataEntry(xmlNode* entry, ExtensionCommand& command) {
+    // Each piece of content sets the field again, so the last piece wins; an empty entry
+    // sets nothing and its name is not looked at.
+    for (xmlNode* piece = FirstChildOf(entry); piece != nullptr; piece = piece->next) {
+        if (!CarriesContent(piece)) {
+            continue;
+        }
+        std::string name = XmlUtil_ExtractAttribute(entry, "name");
+        if (name.empty()) {
+            throw TindraException(
+                "Error parsing 'meta-data-entry', missing required attribute 'name'");
+        }
+        command.SetMetaDataField(std::move(name), NodeContent(piece));
+    }
+}
+
+}  // namespace
+
+void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        if (IsSkippedChildName(GrammarNodeName(child))) {
+            continue;
+        }
+        if (!HasTag(child, "meta-data-entry")) {
+            throw TindraException(
+                std::string(
+                    "Found unexpected tag while building meta-data set.  Unexpected tag was: ") +
+                GrammarNodeName(child));
+        }
+        ExtractMetaDataEntry(child, *command);
+    }
+}
+
+void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
+    bool formatterSeen = false;
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        if (HasTag(child, "formatter")) {
+            if (formatterSeen) {
+                throw TindraException("Invalid plugin format.  Duplicate <formatter> tags found");
+            }
+            formatterSeen = true;
+            command->SetDefaultOutputFormatter(XmlUtil_GetContent(child));
+        } else if (HasTag(child, "format-parameter")) {
+            command->SetDefaultOutputParameter(XmlUtil_ExtractAttribute(child, "name"),
+                                               XmlUtil_GetContent(child));
+        }
+    }
+}
+
+std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node) {
+    std::shared_ptr<OutputSpec> spec = OutputSpec::New();
+    bool found = false;
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        if (IsSkippedChildName(GrammarNodeName(child))) {
+            continue;
+        }
+        if (found) {
+            throw TindraException(
+                std::string("Found more than one node under 'output-spec', where only one node "
+                            "is supported.  The tag was ") +
+                GrammarNodeName(child));
+        }
+        try {
+            spec->SetRootObject(XmlUtil_BuildMetaObject(child));
+        } catch (TindraException const& error) {
+            throw TindraException(std::string("Unable to build output spec.  Error was ") +
+                                  error.what());
+        }
+        found = true;
+    }
+    return spec;
+}
+
+}  // namespace AutoCli
+}  // namespace Tindra
