@@ -23,20 +23,6 @@ std::shared_ptr<Output> OutputWith(std::shared_ptr<MetaObject> const& root) {
 
 }  // namespace
 
-TEST(Output, StartsEmptyAndKeepsMessagesInOrder) {
-    auto output = Output::New();
-    EXPECT_FALSE(output->HasError());
-    EXPECT_EQ(nullptr, output->GetRootObject());
-    EXPECT_EQ(Output::Normal, output->GetOutputType());
-    output->AddErrorMessage("first");
-    output->AddErrorMessage(std::string("second"));
-    EXPECT_TRUE(output->HasError());
-    EXPECT_EQ((std::vector<std::string>{"first", "second"}), output->GetErrors());
-    output->SetRootObject(MetaInt::New(1L));
-    output->SetRootObject(std::shared_ptr<MetaObject>());
-    EXPECT_EQ(nullptr, output->GetRootObject());
-}
-
 TEST(OutputSpec, RefusesAnEmptyTemplateAndKeepsTheOldOne) {
     auto spec = OutputSpec::New();
     auto const original = FileTemplate();

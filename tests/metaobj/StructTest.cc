@@ -15,72 +15,49 @@ std::shared_ptr<MetaStruct> Definition() {
     return definition;
 }
 
+using Messages = std::vector<std::string>;
+
 }  // namespace
 
-TEST(StructConstruction, TypeNameMustBeLettersAndDigits) {
+TEST(StructFields, OrderDocumentationAndAbsence) {
     EXPECT_EQ("Invalid name specified for MetaStruct: my_type",
               ThrownMessage([] { MetaStruct::New("my_type"); }));
-    EXPECT_EQ("Invalid name specified for MetaStruct: ",
-              ThrownMessage([] { MetaStruct::New(std::string()); }));
-    EXPECT_EQ("Disk1", MetaStruct::New(std::string("Disk1"))->GetTypeName());
-}
-
-TEST(StructFields, AreKeptInByteOrderWithDocumentation) {
     auto s = MetaStruct::New("T");
     s->SetField("b", MetaInt::New(2L), "second");
     s->SetField("Param List", true);
     s->SetField("a", std::string("x"));
-    EXPECT_EQ((std::vector<std::string>{"Param List", "a", "b"}), s->GetFieldNames());
+    EXPECT_EQ((Messages{"Param List", "a", "b"}), s->GetFieldNames());
     EXPECT_EQ("second", s->GetFieldDocumentation("b"));
     EXPECT_EQ("Documentation missing", s->GetFieldDocumentation("a"));
-    EXPECT_EQ(MetaStruct::_docMissingStaticString, s->GetFieldDocumentation("a"));
+    s->SetField("b", 3L);  // a new value drops the old documentation
+    EXPECT_EQ("Documentation missing", s->GetFieldDocumentation("b"));
     EXPECT_EQ("Field c is not present in the structure T",
               ThrownMessage([&] { s->GetFieldDocumentation("c"); }));
-    EXPECT_EQ(String, s->GetFieldType("a"));
     EXPECT_THROW(s->GetFieldType("c"), int);
     EXPECT_EQ(nullptr, s->GetField("c"));
-    EXPECT_FALSE(s->HasField("c"));
+    EXPECT_EQ("Invalid NULL value was assigned to the field c in the structure T",
+              ThrownMessage([&] { s->SetField("c", std::shared_ptr<MetaObject>()); }));
+    EXPECT_EQ(3u, s->GetFieldCount());
 }
 
-TEST(StructFields, ReplacingDropsTheOldDocumentation) {
-    auto s = MetaStruct::New("T");
-    s->SetField("a", MetaInt::New(1L), "doc");
-    s->SetField("a", 2L);
-    EXPECT_EQ("Documentation missing", s->GetFieldDocumentation("a"));
-    EXPECT_EQ(2, std::static_pointer_cast<MetaInt>(s->GetField("a"))->GetValue());
-}
-
-TEST(StructFields, ConvenienceOverloadsStoreSharedScalarsAndLists) {
+TEST(StructFields, ConvenienceOverloadsStoreSharedScalarsAndTypedLists) {
     auto s = MetaStruct::New("T");
     s->SetField("flag", true);
-    s->SetField("count", 3);
     s->SetField("empty", "");
     s->SetField("names", std::vector<std::string>{"x", "y"});
-    s->SetField("sizes", std::vector<long>{1, 2});
     s->SetField("bits", std::vector<bool>{true});
     EXPECT_EQ(MetaBool::New(true), s->GetField("flag"));
-    EXPECT_EQ(MetaInt::New(3L), s->GetField("count"));
     EXPECT_EQ(MetaString::New(), s->GetField("empty"));
     auto names = std::static_pointer_cast<MetaList>(s->GetField("names"));
     EXPECT_EQ(String, names->GetListType());
     EXPECT_EQ("x, y", names->ToString());
-    EXPECT_EQ(Int, std::static_pointer_cast<MetaList>(s->GetField("sizes"))->GetListType());
     EXPECT_EQ(Bool, std::static_pointer_cast<MetaList>(s->GetField("bits"))->GetListType());
-}
-
-TEST(StructFields, NullValueIsRefusedWithoutChange) {
-    auto s = MetaStruct::New("T");
-    EXPECT_EQ("Invalid NULL value was assigned to the field a in the structure T",
-              ThrownMessage([&] { s->SetField("a", std::shared_ptr<MetaObject>()); }));
-    EXPECT_EQ(0u, s->GetFieldCount());
 }
 
 TEST(StructLocking, DefinitionIsLockedWhenUsedAsTemplate) {
     auto definition = Definition();
     auto instance = MetaStruct::New(definition);
     EXPECT_EQ("Disk", instance->GetTypeName());
-    EXPECT_EQ(definition, instance->GetStructureDefinition());
-
     EXPECT_EQ("Unable to set new field c on structure. Structure has been locked",
               ThrownMessage([&] { definition->SetField("c", 1L); }));
     definition->SetField("a", MetaInt::New(5L), "new doc");
@@ -92,53 +69,45 @@ TEST(StructLocking, DefinitionIsLockedWhenUsedAsTemplate) {
 
 TEST(StructLocking, InstanceTakesOnlyDefinedNamesAndIsNotLocked) {
     auto instance = MetaStruct::New(Definition());
-    EXPECT_FALSE(instance->MatchesStructureDefinition());
     instance->SetField("a", 1L);
     EXPECT_EQ(
         "Unable to set new field c on structure.  The field does not match the Structure "
         "definition for this MetaStruct.",
         ThrownMessage([&] { instance->SetField("c", 1L); }));
     EXPECT_FALSE(instance->MatchesStructureDefinition());
-    instance->SetField("b", 7L);  // a name check only: the wrong type is found later
+    instance->SetField("b", 7L);  // only the name is checked here; the kind is checked later
     EXPECT_FALSE(instance->MatchesStructureDefinition());
     instance->SetField("b", "text");
     EXPECT_TRUE(instance->MatchesStructureDefinition());
     instance->RemoveField("b");
-    instance->RemoveField("never there");
-    EXPECT_EQ((std::vector<std::string>{"a"}), instance->GetFieldNames());
-    EXPECT_TRUE(MetaStruct::New("Free")->MatchesStructureDefinition());
+    EXPECT_EQ(Messages{"a"}, instance->GetFieldNames());
 }
 
 TEST(StructComparison, ExtraFieldShowsOnlyInTheCount) {
-    auto reference = Definition();
     auto other = Definition();
     other->SetField("c", true);
-    std::vector<std::string> errors;
-    EXPECT_FALSE(reference->IsSameStructure(other, &errors));
-    EXPECT_EQ((std::vector<std::string>{"Mismatch on number of fields set in struct. Expected 2 "
-                                        "found 3"}),
-              errors);
+    Messages errors;
+    EXPECT_FALSE(Definition()->IsSameStructure(other, &errors));
+    EXPECT_EQ(Messages{"Mismatch on number of fields set in struct. Expected 2 found 3"}, errors);
 }
 
 TEST(StructComparison, MissingFieldStopsAfterTheCount) {
     auto other = MetaStruct::New("Disk");
     other->SetField("a", 1L);
-    std::vector<std::string> errors;
+    Messages errors;
     EXPECT_FALSE(Definition()->IsSameStructure(other, &errors));
-    EXPECT_EQ(
-        (std::vector<std::string>{"Mismatch on number of fields set in struct. Expected 2 found 1",
-                                  "Missing field in input: b"}),
-        errors);
+    EXPECT_EQ((Messages{"Mismatch on number of fields set in struct. Expected 2 found 1",
+                        "Missing field in input: b"}),
+              errors);
 }
 
 TEST(StructComparison, TypeNameDifferenceIsRecordedButPasses) {
     auto other = MetaStruct::New("Other");
     other->SetField("a", 99L);
     other->SetField("b", "different");
-    std::vector<std::string> errors;
+    Messages errors;
     EXPECT_TRUE(Definition()->IsSameStructure(other, &errors));
-    EXPECT_EQ((std::vector<std::string>{"Type names do not match."}), errors);
-    EXPECT_TRUE(Definition()->IsSameStructure(other, nullptr));
+    EXPECT_EQ(Messages{"Type names do not match."}, errors);
 }
 
 TEST(StructComparison, FieldMismatchesAreNamedInnermostFirst) {
@@ -146,36 +115,21 @@ TEST(StructComparison, FieldMismatchesAreNamedInnermostFirst) {
     auto inner = MetaStruct::New("Inner");
     inner->SetField("x", 1L);
     reference->SetField("inner", inner);
-    reference->SetField("n", 1L);
-
     auto other = MetaStruct::New("Outer");
     auto otherInner = MetaStruct::New("Inner");
     otherInner->SetField("x", "not an int");
     other->SetField("inner", otherInner);
-    other->SetField("n", 1L);
 
-    std::vector<std::string> errors;
+    Messages errors;
     EXPECT_FALSE(reference->IsSameStructure(other, &errors));
     // A kind difference is named at the field; the scalar's own message is not added.
-    EXPECT_EQ(
-        (std::vector<std::string>{"Type mismatch on field: x", "Type mismatch on field: inner"}),
-        errors);
+    EXPECT_EQ((Messages{"Type mismatch on field: x", "Type mismatch on field: inner"}), errors);
 
     errors.clear();
-    other->SetField("n", "text");
-    otherInner->SetField("x", 2L);
-    EXPECT_FALSE(reference->IsSameStructure(other, &errors));
-    EXPECT_EQ((std::vector<std::string>{"Type mismatch on field: n"}), errors);
-}
-
-TEST(StructComparison, NonStructuresAreRefused) {
-    std::vector<std::string> errors;
-    EXPECT_FALSE(Definition()->IsSameStructure(nullptr, &errors));
-    EXPECT_FALSE(Definition()->IsSameStructure(MetaList::New(Int), &errors));
-    EXPECT_EQ((std::vector<std::string>{
-                  "Invalid NULL input to MetaStruct validation.",
-                  "Type Mismatch in MetaStruct Validation: Expected type Struct got type List"}),
-              errors);
+    EXPECT_FALSE(reference->IsSameStructure(MetaList::New(Int), &errors));
+    EXPECT_EQ(
+        Messages{"Type Mismatch in MetaStruct Validation: Expected type Struct got type List"},
+        errors);
 }
 
 TEST(StructPrinting, ListsFieldsInNameOrder) {
