@@ -20,7 +20,7 @@ namespace {
 
 // A deadlock between runner and child would hang the suite; fail it instead.
 class ShellCmdTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override { alarm(60); }
     void TearDown() override {
         alarm(0);

@@ -24,18 +24,15 @@ XmlStreamReader::XmlStreamReader(std::string const& text) {
     }
 }
 
-void XmlStreamReader::OnParserError(void* self, xmlError* error) {
-    if (error != nullptr && error->level == XML_ERR_FATAL) {
-        static_cast<XmlStreamReader*>(self)->sawFatalError = true;
-    }
-}
+// Diagnostics are dropped: the parser's verdict on well-formedness comes from Read.
+void XmlStreamReader::OnParserError(void*, xmlError*) {}
 
 bool XmlStreamReader::Read() {
     if (!reader) {
         throw MalformedDocument();
     }
     int result = xmlTextReaderRead(reader.get());
-    if (result < 0 || sawFatalError) {
+    if (result < 0) {
         throw MalformedDocument();
     }
     return result == 1;

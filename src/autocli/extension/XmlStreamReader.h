@@ -16,7 +16,7 @@ struct MalformedDocument {};
 // so memory stays small whatever the size of the document. Parser diagnostics are kept quiet:
 // a malformed document is reported to the caller, not to the terminal.
 class XmlStreamReader {
-  public:
+public:
     // The text must outlive the reader; it is not copied.
     explicit XmlStreamReader(std::string const& text);
 
@@ -34,17 +34,14 @@ class XmlStreamReader {
     // On the start of an element with content: moves to its end. Otherwise stays.
     void SkipSubtree();
 
-    bool SawFatalError() const { return sawFatalError; }
-
-  private:
+private:
     struct ReaderDeleter {
         void operator()(xmlTextReader* r) const { xmlFreeTextReader(r); }
     };
 
-    static void OnParserError(void* self, xmlError* error);
+    static void OnParserError(void* context, xmlError* error);
 
     std::unique_ptr<xmlTextReader, ReaderDeleter> reader;
-    bool sawFatalError = false;
 };
 
 }  // namespace AutoCli
