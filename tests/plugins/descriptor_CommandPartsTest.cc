@@ -50,8 +50,9 @@ TEST(MetaDataReaderTest, EntriesBecomeFieldsTheLastPieceWinning) {
 TEST(MetaDataReaderTest, OtherTagsAndNamelessEntriesAreErrors) {
     EXPECT_EQ("Found unexpected tag while building meta-data set.  Unexpected tag was: entry",
               ThrownMessage([] { WithMetaData("<entry name=\"a\">b</entry>"); }));
-    EXPECT_EQ("Error parsing 'meta-data-entry', missing required attribute 'name'",
-              ThrownMessage([] { WithMetaData("<meta-data-entry name=\"\">v</meta-data-entry>"); }));
+    EXPECT_EQ(
+        "Error parsing 'meta-data-entry', missing required attribute 'name'",
+        ThrownMessage([] { WithMetaData("<meta-data-entry name=\"\">v</meta-data-entry>"); }));
 }
 
 TEST(FormatReaderTest, FormatterAndParametersBecomeTheDefaultFormat) {
@@ -91,14 +92,16 @@ TEST(OutputSpecReaderTest, AnEmptyOutputSpecHasNoPrototype) {
 }
 
 TEST(OutputSpecReaderTest, BuildErrorsAreWrappedASecondValueIsNot) {
-    EXPECT_EQ("Unable to build output spec.  Error was Unable to make a MetaObject from a node "
-              "with tag 'integer'",
-              ThrownMessage([] { OutputSpecOf("<integer/>"); }));
+    EXPECT_EQ(
+        "Unable to build output spec.  Error was Unable to make a MetaObject from a node "
+        "with tag 'integer'",
+        ThrownMessage([] { OutputSpecOf("<integer/>"); }));
     EXPECT_EQ("Unable to build output spec.  Error was Invalid name specified for MetaStruct: ",
               ThrownMessage([] { OutputSpecOf("<structure/>"); }));
-    EXPECT_EQ("Found more than one node under 'output-spec', where only one node is supported.  "
-              "The tag was bool",
-              ThrownMessage([] { OutputSpecOf("<int/><!-- c --><bool/>"); }));
+    EXPECT_EQ(
+        "Found more than one node under 'output-spec', where only one node is supported.  "
+        "The tag was bool",
+        ThrownMessage([] { OutputSpecOf("<int/><!-- c --><bool/>"); }));
 }
 
 }  // namespace

@@ -66,11 +66,13 @@ TEST(ConstraintReaderTest, IntegerSetReadsLeadingDigitsAndDropsDescriptions) {
     EXPECT_EQ(prefix + "abc",
               ReadError("intenum", "<enum><enum-value value=\"abc\">x</enum-value></enum>"));
     EXPECT_EQ(prefix + "9223372036854775808",
-              ReadError("intenum", "<enum><enum-value value=\"9223372036854775808\">x"
-                                   "</enum-value></enum>"));
+              ReadError("intenum",
+                        "<enum><enum-value value=\"9223372036854775808\">x"
+                        "</enum-value></enum>"));
     EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddIntEnum",
-              ReadError("intenum", "<enum><enum-value value=\"4\">x</enum-value>"
-                                   "<enum-value value=\"04\">y</enum-value></enum>"));
+              ReadError("intenum",
+                        "<enum><enum-value value=\"4\">x</enum-value>"
+                        "<enum-value value=\"04\">y</enum-value></enum>"));
 }
 
 TEST(ConstraintReaderTest, OnlyTheLastMatchingChildCountsButAnyDataIsFound) {
@@ -80,8 +82,8 @@ TEST(ConstraintReaderTest, OnlyTheLastMatchingChildCountsButAnyDataIsFound) {
                            "<enum><enum-value value=\"2\">two</enum-value></enum>");
     EXPECT_EQ(std::vector<long>{2}, constraint->GetIntEnum());
     // The second enum holds nothing, yet the first one already found data.
-    auto emptied = Read("stringenum",
-                        "<enum><enum-value value=\"a\">ay</enum-value></enum><enum/>");
+    auto emptied =
+        Read("stringenum", "<enum><enum-value value=\"a\">ay</enum-value></enum><enum/>");
     EXPECT_TRUE(emptied->GetStringEnum().empty());
     auto range = Read("range", "<range min=\"1\" max=\"2\"/><range min=\"5\" max=\"9\"/>");
     long minimum = 0;
@@ -143,8 +145,9 @@ TEST(EnumReaderTest, UnexpectedTagsAndMissingValuesAreErrors) {
 
 TEST(EnumReaderTest, AStringValueSplitByACommentIsADuplicate) {
     EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddStringEnum: b",
-              ReadError("stringenum", "<enum><enum-value value=\"b\">x<!--c-->y</enum-value>"
-                                      "</enum>"));
+              ReadError("stringenum",
+                        "<enum><enum-value value=\"b\">x<!--c-->y</enum-value>"
+                        "</enum>"));
 }
 
 }  // namespace

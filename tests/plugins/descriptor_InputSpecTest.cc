@@ -34,14 +34,17 @@ std::string const kDescription = "<description>d</description>";
 
 TEST(InputSpecReaderTest, EveryKeywordSelectsItsKindFlagIncluded) {
     std::vector<std::pair<std::string, Tindra::CallSpec::ParameterType>> const kinds = {
-        {"string", Tindra::CallSpec::ParamString},   {"int", Tindra::CallSpec::ParamInt},
-        {"bool", Tindra::CallSpec::ParamBool},       {"flag", Tindra::CallSpec::ParamFlag},
+        {"string", Tindra::CallSpec::ParamString},
+        {"int", Tindra::CallSpec::ParamInt},
+        {"bool", Tindra::CallSpec::ParamBool},
+        {"flag", Tindra::CallSpec::ParamFlag},
         {"string-list", Tindra::CallSpec::ParamStringList},
-        {"int-list", Tindra::CallSpec::ParamIntList}, {"bool-list", Tindra::CallSpec::ParamBoolList},
+        {"int-list", Tindra::CallSpec::ParamIntList},
+        {"bool-list", Tindra::CallSpec::ParamBoolList},
     };
     for (auto const& [keyword, kind] : kinds) {
-        auto spec = Read(Param("name=\"pp\" type=\"" + keyword + "\" required=\"false\"",
-                               kDescription));
+        auto spec =
+            Read(Param("name=\"pp\" type=\"" + keyword + "\" required=\"false\"", kDescription));
         ASSERT_EQ(1u, spec->parameters.size()) << keyword;
         EXPECT_EQ(kind, spec->parameters[0]->GetType()) << keyword;
     }
@@ -68,9 +71,10 @@ TEST(InputSpecReaderTest, AttributesAndDescriptionAreCarriedOverAndSorted) {
 }
 
 TEST(InputSpecReaderTest, ContextsAreCollectedAndOtherChildrenIgnored) {
-    auto spec = Read("<context-supported>user</context-supported><unknown name=\"x\"/>"
-                     "<context-supported>host</context-supported>"
-                     "<context-supported>user</context-supported>");
+    auto spec = Read(
+        "<context-supported>user</context-supported><unknown name=\"x\"/>"
+        "<context-supported>host</context-supported>"
+        "<context-supported>user</context-supported>");
     EXPECT_TRUE(spec->IsContextSupported("user"));
     EXPECT_TRUE(spec->IsContextSupported("host"));
     EXPECT_FALSE(spec->IsContextSupported("other"));
@@ -102,27 +106,30 @@ TEST(InputSpecReaderTest, ChecksComeInTheirOrderWithTheirOwnSpelling) {
     EXPECT_EQ(secretError, ReadError(Param("name=\"pp\" type=\"int\" required=\"true\" "
                                            "secret=\"yes\"",
                                            kDescription)));
-    EXPECT_EQ("Unable to parse Input Paramter pp. Invalid type int-list for secret, must be "
-              "'string'",
-              ReadError(Param("name=\"pp\" type=\"int-list\" required=\"true\" secret=\"true\"",
-                              kDescription)));
+    EXPECT_EQ(
+        "Unable to parse Input Paramter pp. Invalid type int-list for secret, must be "
+        "'string'",
+        ReadError(Param("name=\"pp\" type=\"int-list\" required=\"true\" secret=\"true\"",
+                        kDescription)));
 }
 
 TEST(InputSpecReaderTest, AnEmptyDuplicateDescriptionIsToleratedATextOneIsNot) {
     auto spec = Read(Param("name=\"pp\" type=\"string\" required=\"true\"",
                            "<description/><description>late</description>"));
     EXPECT_EQ("late", spec->parameters.at(0)->GetDescription(false));
-    EXPECT_EQ("Illegal Duplicate tags found.  The tag description was expected only once, but "
-              "was found multiple times.",
-              ReadError(Param("name=\"pp\" type=\"string\" required=\"true\"",
-                              "<description>a</description><description>b</description>")));
+    EXPECT_EQ(
+        "Illegal Duplicate tags found.  The tag description was expected only once, but "
+        "was found multiple times.",
+        ReadError(Param("name=\"pp\" type=\"string\" required=\"true\"",
+                        "<description>a</description><description>b</description>")));
 }
 
 TEST(InputSpecReaderTest, CallContractErrorsArriveUnwrapped) {
     std::string const rest = "type=\"string\" required=\"true\"";
-    EXPECT_EQ("Invalid Parameter name 'Name' parameter names can only contain lower-case "
-              "alphanumeric characters, numbers and '-'",
-              ReadError(Param("name=\"Name\" " + rest, kDescription)));
+    EXPECT_EQ(
+        "Invalid Parameter name 'Name' parameter names can only contain lower-case "
+        "alphanumeric characters, numbers and '-'",
+        ReadError(Param("name=\"Name\" " + rest, kDescription)));
     EXPECT_EQ("Invalid value for shortName, must be a single character a-z, A-Z or 0-9",
               ReadError(Param("name=\"pp\" shortname=\"ab\" " + rest, kDescription)));
     EXPECT_EQ("Parameter name must be at least 2 characters",
@@ -133,27 +140,30 @@ TEST(InputSpecReaderTest, CallContractErrorsArriveUnwrapped) {
 }
 
 TEST(InputSpecReaderTest, ConstraintErrorsAreWrappedWithTheParameterName) {
-    std::string const prefix = "Unable to build parameter constraint for parameter count.  Error was: ";
+    std::string const prefix =
+        "Unable to build parameter constraint for parameter count.  Error was: ";
     std::string const intParam = "name=\"count\" type=\"int\" required=\"true\"";
+    EXPECT_EQ(
+        prefix + "Invalid values for SetIntRange, constraints must have a min value <= max value",
+        ReadError(Param(intParam, kDescription + "<constraint type=\"range\">"
+                                                 "<range min=\"10\" max=\"1\"/></constraint>")));
     EXPECT_EQ(prefix +
-                  "Invalid values for SetIntRange, constraints must have a min value <= max value",
-              ReadError(Param(intParam, kDescription + "<constraint type=\"range\">"
-                                                       "<range min=\"10\" max=\"1\"/></constraint>")));
-    EXPECT_EQ(prefix + "Invalid constraint specified for parameter count.  The parameter "
-                       "constraint specified is not allowed for a parameter of this type.",
+                  "Invalid constraint specified for parameter count.  The parameter "
+                  "constraint specified is not allowed for a parameter of this type.",
               ReadError(Param(intParam, kDescription + "<constraint type=\"regex\">"
                                                        "<regex>[0-9]+</regex></constraint>")));
-    EXPECT_EQ(prefix + "Missing or invalid constraint 'type', must be one of [stringenum, "
-                       "intenum, regex, range] got ''",
+    EXPECT_EQ(prefix +
+                  "Missing or invalid constraint 'type', must be one of [stringenum, "
+                  "intenum, regex, range] got ''",
               ReadError(Param(intParam, kDescription + "<constraint/>")));
 }
 
 TEST(InputSpecReaderTest, ALaterConstraintReplacesAnEarlierOne) {
-    auto spec = Read(Param("name=\"count\" type=\"int-list\" required=\"false\"",
-                           kDescription +
-                               "<constraint type=\"range\"><range min=\"1\" max=\"5\"/></constraint>"
-                               "<constraint type=\"intenum\"><enum>"
-                               "<enum-value value=\"7\">seven</enum-value></enum></constraint>"));
+    auto spec = Read(
+        Param("name=\"count\" type=\"int-list\" required=\"false\"",
+              kDescription + "<constraint type=\"range\"><range min=\"1\" max=\"5\"/></constraint>"
+                             "<constraint type=\"intenum\"><enum>"
+                             "<enum-value value=\"7\">seven</enum-value></enum></constraint>"));
     auto constraint = spec->parameters.at(0)->GetConstraint();
     ASSERT_TRUE(constraint);
     EXPECT_EQ(Tindra::CallSpec::ConstraintIntEnum, constraint->GetType());

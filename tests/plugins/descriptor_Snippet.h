@@ -14,8 +14,7 @@ namespace DescriptorTest {
 class Snippet {
 public:
     explicit Snippet(std::string const& xml)
-        : document(xmlReadMemory(xml.data(), static_cast<int>(xml.size()), "snippet", nullptr,
-                                 0)) {
+        : document(xmlReadMemory(xml.data(), static_cast<int>(xml.size()), "snippet", nullptr, 0)) {
         if (!document) {
             throw std::invalid_argument("test snippet is not well-formed: " + xml);
         }

@@ -60,8 +60,8 @@ void CollectCommands(std::shared_ptr<NamespaceNode> const& node,
 std::map<std::string, std::string> ExecuteTemplates(std::string const& file) {
     Tindra::AutoCli::XmlDocument const document(xmlReadFile(file.c_str(), nullptr, 0));
     std::map<std::string, std::string> templates;
-    xmlNode* commands = Tindra::AutoCli::XmlUtil_FindChildNode(
-        xmlDocGetRootElement(document.get()), "commands");
+    xmlNode* commands =
+        Tindra::AutoCli::XmlUtil_FindChildNode(xmlDocGetRootElement(document.get()), "commands");
     for (xmlNode* command = commands->children; command != nullptr; command = command->next) {
         if (command->type == XML_ELEMENT_NODE) {
             templates[Tindra::AutoCli::XmlUtil_ExtractAttribute(command, "path")] =
@@ -135,11 +135,10 @@ TEST_F(BundledCommandTest, TheExpectedCommandsArePresent) {
         paths.insert(command->GetPathString(' '));
     }
     for (std::string const path :
-         {"system hostname get", "system uptime get", "system version get",
-          "system process list", "system module list", "system account list",
-          "system group list", "storage filesystem list", "storage disk list",
-          "network interface list", "network route list", "hardware cpu list",
-          "hardware memory get"}) {
+         {"system hostname get", "system uptime get", "system version get", "system process list",
+          "system module list", "system account list", "system group list",
+          "storage filesystem list", "storage disk list", "network interface list",
+          "network route list", "hardware cpu list", "hardware memory get"}) {
         EXPECT_EQ(1u, paths.count(path)) << path;
     }
 }
@@ -179,8 +178,8 @@ TEST_F(BundledCommandTest, TemplatesUseDeclaredParametersOptionalOnesInsideTheir
         std::string const& execute = executeTemplates[path];
         ASSERT_FALSE(execute.empty()) << path;
         auto spec = command->GetInputSpec();
-        for (boost::sregex_iterator it(execute.begin(), execute.end(), placeholder), end;
-             it != end; ++it) {
+        for (boost::sregex_iterator it(execute.begin(), execute.end(), placeholder), end; it != end;
+             ++it) {
             std::string const name = (*it)[2];
             auto declared = std::find_if(spec->parameters.begin(), spec->parameters.end(),
                                          [&](auto const& p) { return p->GetName() == name; });

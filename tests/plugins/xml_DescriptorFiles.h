@@ -71,8 +71,8 @@ struct CommandParts {
     std::string standardInput;
 
     std::string Element() const {
-        return "<command path=\"" + path + "\">" + description + metaData + inputSpec +
-               outputSpec + formatParameters + execute + standardInput + "</command>";
+        return "<command path=\"" + path + "\">" + description + metaData + inputSpec + outputSpec +
+               formatParameters + execute + standardInput + "</command>";
     }
 };
 

@@ -77,7 +77,8 @@ TEST_F(XmlPluginReadTest, NamespacesComeFirstThenCommandsEachInDocumentOrder) {
 TEST_F(XmlPluginReadTest, ACommandCarriesEverythingItsElementSays) {
     CommandParts parts;
     parts.description = "<description/><description>Lists disks</description>";
-    parts.metaData = "<meta-data><meta-data-entry name=\"type\">fetcher</meta-data-entry></meta-data>";
+    parts.metaData =
+        "<meta-data><meta-data-entry name=\"type\">fetcher</meta-data-entry></meta-data>";
     parts.inputSpec =
         "<input-spec><parameter name=\"all\" type=\"flag\" required=\"false\">"
         "<description>everything</description></parameter>"
@@ -122,9 +123,10 @@ TEST_F(XmlPluginReadTest, UnreadableFilesAndWrongVersionsAreRejected) {
     EXPECT_EQ(version, InnerError("<plugin><commands/></plugin>"));
     EXPECT_EQ(version, InnerError("<plugin><version>1.0</version><commands/></plugin>"));
     EXPECT_EQ(version, InnerError("<plugin><version> 1.0.0</version><commands/></plugin>"));
-    EXPECT_EQ("Illegal Duplicate tags found.  The tag version was expected only once, but was "
-              "found multiple times.",
-              InnerError("<p><version>1.0.0</version><version>1.0.0</version><commands/></p>"));
+    EXPECT_EQ(
+        "Illegal Duplicate tags found.  The tag version was expected only once, but was "
+        "found multiple times.",
+        InnerError("<p><version>1.0.0</version><version>1.0.0</version><commands/></p>"));
 }
 
 TEST_F(XmlPluginReadTest, ContainersMayOccurOnlyOnce) {
@@ -138,25 +140,26 @@ TEST_F(XmlPluginReadTest, NamespacesNeedPathAndDescription) {
     std::string const message =
         "Unable to register a namespace without valid 'path' attribute or <description> being "
         "present.";
-    EXPECT_EQ(message, InnerError(Descriptor("<namespaces>" + NamespaceElement("", "d") +
-                                             "</namespaces>")));
-    EXPECT_EQ(message, InnerError(Descriptor("<namespaces>" + NamespaceElement("a", "") +
-                                             "</namespaces>")));
     EXPECT_EQ(message,
-              InnerError(Descriptor("<namespaces><namespace path=\"a\"/></namespaces>")));
+              InnerError(Descriptor("<namespaces>" + NamespaceElement("", "d") + "</namespaces>")));
+    EXPECT_EQ(message,
+              InnerError(Descriptor("<namespaces>" + NamespaceElement("a", "") + "</namespaces>")));
+    EXPECT_EQ(message, InnerError(Descriptor("<namespaces><namespace path=\"a\"/></namespaces>")));
 }
 
 TEST_F(XmlPluginReadTest, CommandPathAndDescriptionErrorsAreNotWrappedAsCommand) {
     CommandParts nameless;
     nameless.path = "";
-    EXPECT_EQ("Invalid command specification found.  <command> tags must have a non-empty "
-              "'path' attribute",
-              InnerError(Descriptor("<commands>" + nameless.Element() + "</commands>")));
+    EXPECT_EQ(
+        "Invalid command specification found.  <command> tags must have a non-empty "
+        "'path' attribute",
+        InnerError(Descriptor("<commands>" + nameless.Element() + "</commands>")));
     CommandParts twice;
     twice.description = "<description>a</description><description>b</description>";
-    EXPECT_EQ("Illegal Duplicate tags found.  The tag description was expected only once, but "
-              "was found multiple times.",
-              InnerError(Descriptor("<commands>" + twice.Element() + "</commands>")));
+    EXPECT_EQ(
+        "Illegal Duplicate tags found.  The tag description was expected only once, but "
+        "was found multiple times.",
+        InnerError(Descriptor("<commands>" + twice.Element() + "</commands>")));
     CommandParts silent;
     silent.description = "";
     EXPECT_EQ("", Load(Descriptor("<commands>" + silent.Element() + "</commands>"))
@@ -185,14 +188,16 @@ TEST_F(XmlPluginReadTest, MissingCommandPartsAreWrappedWithTheCommand) {
     parts.execute = "";
     EXPECT_EQ(executeError, CommandError(parts));
     parts.execute = "<execute>  </execute><execute/>";
-    EXPECT_EQ("Illegal Duplicate tags found.  The tag execute was expected only once, but was "
-              "found multiple times.",
-              CommandError(parts));
+    EXPECT_EQ(
+        "Illegal Duplicate tags found.  The tag execute was expected only once, but was "
+        "found multiple times.",
+        CommandError(parts));
     parts.execute = "<execute/><execute>run</execute>";
     parts.standardInput = "<stdin>a</stdin><stdin>b</stdin>";
-    EXPECT_EQ("Illegal Duplicate tags found.  The tag stdin was expected only once, but was "
-              "found multiple times.",
-              CommandError(parts));
+    EXPECT_EQ(
+        "Illegal Duplicate tags found.  The tag stdin was expected only once, but was "
+        "found multiple times.",
+        CommandError(parts));
 }
 
 TEST_F(XmlPluginReadTest, CommandPartsMayOccurOnlyOnce) {
@@ -209,14 +214,17 @@ TEST_F(XmlPluginReadTest, CommandPartsMayOccurOnlyOnce) {
 
 TEST_F(XmlPluginReadTest, ReaderErrorsArriveDoublyWrapped) {
     CommandParts parts;
-    parts.inputSpec = "<input-spec><parameter name=\"xx\" type=\"int\" required=\"false\"/>"
-                      "</input-spec>";
-    EXPECT_EQ("Unable to parse Input Paramter xx. Missing command description", CommandError(parts));
+    parts.inputSpec =
+        "<input-spec><parameter name=\"xx\" type=\"int\" required=\"false\"/>"
+        "</input-spec>";
+    EXPECT_EQ("Unable to parse Input Paramter xx. Missing command description",
+              CommandError(parts));
     parts = CommandParts();
     parts.outputSpec = "<output-spec><int/><int/></output-spec>";
-    EXPECT_EQ("Found more than one node under 'output-spec', where only one node is supported.  "
-              "The tag was int",
-              CommandError(parts));
+    EXPECT_EQ(
+        "Found more than one node under 'output-spec', where only one node is supported.  "
+        "The tag was int",
+        CommandError(parts));
     parts = CommandParts();
     parts.formatParameters = "<format-parameters><formatter/><formatter/></format-parameters>";
     EXPECT_EQ("Invalid plugin format.  Duplicate <formatter> tags found", CommandError(parts));
@@ -231,9 +239,9 @@ TEST_F(XmlPluginReadTest, AFailedFileKeepsNothingToRegister) {
     broken.path = "demo.broken";
     broken.execute = "";
     auto plugin = XmlPlugin::New(files.Write(
-        "plugin.xml", Descriptor("<namespaces>" + NamespaceElement("demo", "Demo") +
-                                 "</namespaces><commands>" + CommandParts().Element() +
-                                 broken.Element() + "</commands>")));
+        "plugin.xml",
+        Descriptor("<namespaces>" + NamespaceElement("demo", "Demo") + "</namespaces><commands>" +
+                   CommandParts().Element() + broken.Element() + "</commands>")));
     EXPECT_NE("<nothing thrown>", ThrownMessage([&] { plugin->Initialize(); }));
     EXPECT_TRUE(plugin->GetPendingRegistrations().empty());
 }

@@ -62,8 +62,8 @@ protected:
 };
 
 TEST_F(XmlPluginRegisterTest, ContentsOfOneFileAreRegisteredParentsFirst) {
-    auto plugin = Plugin({{"demo", "Demo"}, {"demo.widget", "Widgets"}},
-                         {"demo.widget.list", "demo.run"});
+    auto plugin =
+        Plugin({{"demo", "Demo"}, {"demo.widget", "Widgets"}}, {"demo.widget.list", "demo.run"});
     plugin->RegisterNamespaces(root);
     std::list<std::string> path = {"demo", "widget", "list"};
     auto command = root->ResolveNode(path);
@@ -76,7 +76,8 @@ TEST_F(XmlPluginRegisterTest, ContentsOfOneFileAreRegisteredParentsFirst) {
 
 TEST_F(XmlPluginRegisterTest, ATopLevelNamespaceDescribedAlikeIsShared) {
     auto first = Plugin({{"system", "The system"}, {"system.disk", "Disks"}});
-    auto second = Plugin({{"system", "The system"}, {"system.net", "Networks"}}, {"system.net.list"});
+    auto second =
+        Plugin({{"system", "The system"}, {"system.net", "Networks"}}, {"system.net.list"});
     first->RegisterNamespaces(root);
     second->RegisterNamespaces(root);
     EXPECT_EQ((std::vector<std::string>{"system"}), Children({}));
@@ -96,8 +97,8 @@ TEST_F(XmlPluginRegisterTest, AConflictFoundInTheFirstPassChangesNothing) {
     EXPECT_EQ("Duplicate top-level namespaces must have the same description: system",
               RegisterError(Plugin({{"other", "O"}, {"system", "Another system"}})));
     EXPECT_EQ("Ostrel path is already registered: system.disk",
-              RegisterError(Plugin({{"other", "O"}, {"system", "The system"},
-                                    {"system.disk", "Disks"}})));
+              RegisterError(
+                  Plugin({{"other", "O"}, {"system", "The system"}, {"system.disk", "Disks"}})));
     EXPECT_EQ("Ostrel path is already registered: system.disk.list",
               RegisterError(Plugin({{"other", "O"}}, {"system.disk.list"})));
     EXPECT_EQ((std::vector<std::string>{"system"}), Children({}));
@@ -120,24 +121,28 @@ TEST_F(XmlPluginRegisterTest, AMissingParentFailsInTheSecondPassAndEarlierEntrie
 }
 
 TEST_F(XmlPluginRegisterTest, TreeErrorsOfTheSecondPassPassThrough) {
-    EXPECT_EQ("Invalid name for namespace 'Bad', must be a name consisting of letters and "
-              "numbers and must conform to 'camel' casing.",
-              RegisterError(Plugin({{"good", "G"}, {"good.Bad", "B"}})));
+    EXPECT_EQ(
+        "Invalid name for namespace 'Bad', must be a name consisting of letters and "
+        "numbers and must conform to 'camel' casing.",
+        RegisterError(Plugin({{"good", "G"}, {"good.Bad", "B"}})));
     EXPECT_EQ((std::vector<std::string>{"good"}), Children({}));
     EXPECT_TRUE(Children({"good"}).empty());
-    EXPECT_EQ("Duplicate registration in namespace fresh attempt to register two objects with "
-              "name run",
-              RegisterError(Plugin({{"fresh", "F"}}, {"fresh.run", "fresh.run"})));
-    EXPECT_EQ("Invalid name for namespace '', must be a name consisting of letters and numbers "
-              "and must conform to 'camel' casing.",
-              RegisterError(Plugin({{".", "Dot"}})));
+    EXPECT_EQ(
+        "Duplicate registration in namespace fresh attempt to register two objects with "
+        "name run",
+        RegisterError(Plugin({{"fresh", "F"}}, {"fresh.run", "fresh.run"})));
+    EXPECT_EQ(
+        "Invalid name for namespace '', must be a name consisting of letters and numbers "
+        "and must conform to 'camel' casing.",
+        RegisterError(Plugin({{".", "Dot"}})));
 }
 
 TEST_F(XmlPluginRegisterTest, APathThroughACommandIsRefusedByTheCommand) {
     Plugin({{"demo", "Demo"}}, {"demo.run"})->RegisterNamespaces(root);
-    EXPECT_EQ("Unable to find a namespace or command with the name 'sub' on the command 'demo "
-              "run'. Commands cannot have sub-commands or sub-namespaces.",
-              RegisterError(Plugin({{"demo.run.sub", "Sub"}})));
+    EXPECT_EQ(
+        "Unable to find a namespace or command with the name 'sub' on the command 'demo "
+        "run'. Commands cannot have sub-commands or sub-namespaces.",
+        RegisterError(Plugin({{"demo.run.sub", "Sub"}})));
 }
 
 TEST(XmlPluginDispatcherTest, TheBuiltInNamespaceIsSharedOnlyWhenDescribedAlike) {
@@ -154,8 +159,8 @@ TEST(XmlPluginDispatcherTest, TheBuiltInNamespaceIsSharedOnlyWhenDescribedAlike)
     EXPECT_EQ((std::vector<std::string>{"command", "extra"}),
               dispatcher.GetRootNamespace()->ResolveNode(path)->GetNamespaceNodeNames());
     std::string const unlike = files.Write(
-        "unlike.xml", Descriptor("<namespaces>" + NamespaceElement("ostrel", "Mine") +
-                                 "</namespaces>"));
+        "unlike.xml",
+        Descriptor("<namespaces>" + NamespaceElement("ostrel", "Mine") + "</namespaces>"));
     EXPECT_EQ("Error while trying to register the plugin " + unlike +
                   " Duplicate top-level namespaces must have the same description: ostrel The "
                   "functionality in " +

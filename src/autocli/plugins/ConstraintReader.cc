@@ -46,8 +46,8 @@ std::shared_ptr<ParameterConstraint> MakeEnumConstraint(ParameterConstraintType 
         }
         long number = 0;
         if (!ReadLeadingInt(value, number)) {
-            throw TindraException(
-                "Error parsing integer enumeration. Expected integer, but got " + value);
+            throw TindraException("Error parsing integer enumeration. Expected integer, but got " +
+                                  value);
         }
         constraint->AddIntEnum(number);
     }

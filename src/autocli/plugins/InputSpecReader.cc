@@ -74,7 +74,8 @@ ParameterText ReadParameterText(xmlNode* node) {
 // Checks the written attributes in the documented order; returns the parameter kind.
 ParameterType CheckParameterText(ParameterText const& text) {
     if (text.name.empty()) {
-        throw TindraException("Unable to parse Input Parameter.  Missing required attribute: 'name'");
+        throw TindraException(
+            "Unable to parse Input Parameter.  Missing required attribute: 'name'");
     }
     ParameterType type;
     if (!ParameterTypeFromKeyword(text.type, type)) {

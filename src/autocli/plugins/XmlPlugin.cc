@@ -49,9 +49,9 @@ XmlPlugin::XmlPlugin(std::string const& fileName) : fileName(fileName) {}
 void XmlPlugin::Initialize() {
     LIBXML_TEST_VERSION
     try {
-        WithContext("Unable to handle XML Plugin " + fileName +
-                        ".  There was an error while parsing: ",
-                    [this] { ReadDescriptor(); });
+        WithContext(
+            "Unable to handle XML Plugin " + fileName + ".  There was an error while parsing: ",
+            [this] { ReadDescriptor(); });
     } catch (...) {
         pending.clear();  // a faulty file registers nothing, not even what preceded the fault
         throw;
@@ -65,8 +65,7 @@ void XmlPlugin::ReadDescriptor() {
         throw TindraException("Unable to parse XML descriptor: " + fileName);
     }
     if (XmlUtil_GetContentForChildByTag(root, "version") != kDescriptorVersion) {
-        throw TindraException(
-            "Unknown ostrel extention version.  Valid versions are: '1.0.0'");
+        throw TindraException("Unknown ostrel extention version.  Valid versions are: '1.0.0'");
     }
     xmlNode* namespaces = XmlUtil_FindChildNode(root, "namespaces");
     if (namespaces != nullptr) {
@@ -77,8 +76,8 @@ void XmlPlugin::ReadDescriptor() {
         AddCommands(commands);
     }
     if (namespaces == nullptr && commands == nullptr) {
-        throw TindraException(
-            "Unable to find any namespaces or commands to register for plugin " + fileName);
+        throw TindraException("Unable to find any namespaces or commands to register for plugin " +
+                              fileName);
     }
 }
 
