@@ -8,7 +8,7 @@
 #include "support/ThrownMessage.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
 #include "tindra/autocli/plugins/XmlPlugin.h"
-#include "xml_DescriptorFiles.h"
+#include "support/DescriptorFiles.h"
 
 namespace {
 

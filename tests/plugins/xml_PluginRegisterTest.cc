@@ -10,7 +10,7 @@
 #include "tindra/autocli/plugins/XmlPlugin.h"
 #include "tindra/autocli/tree/Dispatcher.h"
 #include "tindra/autocli/tree/RootNamespace.h"
-#include "xml_DescriptorFiles.h"
+#include "support/DescriptorFiles.h"
 
 namespace {
 
