@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <boost/regex.hpp>
 #include <list>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -128,20 +127,6 @@ protected:
     std::vector<std::shared_ptr<CommandSpec>> commands;
     std::map<std::string, std::string> executeTemplates;
 };
-
-TEST_F(BundledCommandTest, TheExpectedCommandsArePresent) {
-    std::set<std::string> paths;
-    for (auto const& command : commands) {
-        paths.insert(command->GetPathString(' '));
-    }
-    for (std::string const path :
-         {"system hostname get", "system uptime get", "system version get", "system process list",
-          "system module list", "system account list", "system group list",
-          "storage filesystem list", "storage disk list", "network interface list",
-          "network route list", "hardware cpu list", "hardware memory get"}) {
-        EXPECT_EQ(1u, paths.count(path)) << path;
-    }
-}
 
 TEST_F(BundledCommandTest, DefaultFormatsNameExistingFormattersTypesAndFields) {
     static boost::regex const fieldKey("(fields|units|header|printf):([A-Za-z0-9]+)(\\.(.+))?");

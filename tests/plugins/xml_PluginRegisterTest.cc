@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "support/DescriptorFiles.h"
 #include "support/ThrownMessage.h"
 #include "tindra/autocli/plugins/XmlPlugin.h"
 #include "tindra/autocli/tree/Dispatcher.h"
 #include "tindra/autocli/tree/RootNamespace.h"
-#include "support/DescriptorFiles.h"
 
 namespace {
 
