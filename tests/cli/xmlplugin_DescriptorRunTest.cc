@@ -1,0 +1,209 @@
+// Descriptor plug-ins through the built tool: loading errors as the user sees them, the
+// command line and standard input made from the templates, the answers a program can give,
+// and every formatter on what a program printed.
+#include <gtest/gtest.h>
+
+#include <stdlib.h>
+
+#include <string>
+#include <vector>
+
+#include "support/ChildProcess.h"
+#include "support/DescriptorFiles.h"
+
+namespace {
+
+using DescriptorTest::CommandParts;
+using DescriptorTest::Descriptor;
+using DescriptorTest::DescriptorFiles;
+using DescriptorTest::NamespaceElement;
+
+std::string Command(std::string const& name, std::string const& execute,
+                    std::string const& outputSpec = "<int/>", std::string const& extra = "") {
+    CommandParts parts;
+    parts.path = "demo." + name;
+    parts.execute = "<execute><![CDATA[" + execute + "]]></execute>" + extra;
+    parts.outputSpec = "<output-spec>" + outputSpec + "</output-spec>";
+    parts.inputSpec =
+        "<input-spec>"
+        "<parameter name=\"name\" type=\"string\" required=\"false\"><description>n</description>"
+        "</parameter>"
+        "<parameter name=\"force\" type=\"flag\" required=\"false\"><description>f</description>"
+        "</parameter>"
+        "<parameter name=\"limit\" type=\"int\" required=\"false\"><description>l</description>"
+        "</parameter>"
+        "<parameter name=\"path\" type=\"string-list\" required=\"false\">"
+        "<description>p</description></parameter></input-spec>";
+    parts.formatParameters =
+        "<format-parameters><formatter>table</formatter>"
+        "<format-parameter name=\"fields:Item\">Name,Size,Up</format-parameter>"
+        "<format-parameter name=\"units:Item.Size\">MiB</format-parameter></format-parameters>";
+    return parts.Element();
+}
+
+std::string const kItem =
+    "<structure typeName=\"Item\"><field name=\"Name\"><string/></field>"
+    "<field name=\"Size\"><int/></field><field name=\"Up\"><bool/></field>"
+    "</structure>";
+
+class DescriptorRunTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (char const* lang = getenv("LANG")) {
+            savedLang = lang;
+        }
+        unsetenv("LANG");  // runs choose their own
+        files.Write("items.out",
+                    "<output><list type=\"structure\">"
+                    "<structure typeName=\"Item\"><field name=\"Name\"><string>a&amp;b&lt;c&gt;"
+                    "</string></field><field name=\"Size\"><int>512</int></field>"
+                    "<field name=\"Up\"><bool>true</bool></field></structure>"
+                    "<structure typeName=\"Item\"><field name=\"Name\"><string>x</string></field>"
+                    "<field name=\"Size\"><int>0</int></field><field name=\"Up\"><bool>false"
+                    "</bool></field></structure></list></output>");
+        demo = files.Write(
+            "b-demo.xml",
+            Descriptor(
+                "<namespaces>" + NamespaceElement("demo", "Demo") + "</namespaces><commands>" +
+                Command("quiet",
+                        "true -n '$val{name}' $if{force,-f} $if{limit,-l $val{limit}} "
+                        "$multilist{path,--path,true}") +
+                Command("echo", "cat", "<string/>",
+                        "<stdin><![CDATA[<output><string>$val{name}</string></output>]]></stdin>") +
+                Command("errors", "printf 'ERROR:disk busy\\nERROR: retry later\\n<output/>'") +
+                Command("late", "printf 'fine\\nERROR:late\\n'") +
+                Command("malformed", "echo '<output><int>1</output>'") +
+                Command("badtag", "echo '<output><integer>1</integer></output>'") +
+                Command("items", "cat '" + files.Directory() + "/items.out'",
+                        "<list type=\"structure\">" + kItem + "</list>") +
+                "</commands>"));
+    }
+    void TearDown() override {
+        if (!savedLang.empty()) {
+            setenv("LANG", savedLang.c_str(), 1);
+        }
+    }
+
+    TestSupport::ChildResult Ostrel(std::vector<std::string> const& args,
+                                    std::vector<std::string> environment = {}) {
+        std::vector<std::string> argv = {"ostrel"};
+        argv.insert(argv.end(), args.begin(), args.end());
+        environment.push_back("OSTREL_SKIP_DEFAULT_PLUGINS=1");
+        return TestSupport::RunProgram(OSTREL_BINARY, argv, "", environment);
+    }
+    TestSupport::ChildResult Demo(std::vector<std::string> args,
+                                  std::vector<std::string> environment = {"LANG=C"}) {
+        args.insert(args.begin(), {"--plugin", demo, "demo"});
+        return Ostrel(args, environment);
+    }
+
+    DescriptorFiles files;
+    std::string demo;
+    std::string savedLang;
+};
+
+void ExpectRun(TestSupport::ChildResult const& run, int status, std::string const& out,
+               std::string const& err) {
+    EXPECT_EQ(out, run.out);
+    EXPECT_EQ(err, run.err);
+    EXPECT_EQ(status, run.status);
+}
+
+TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
+    std::string const broken =
+        files.Write("a-broken.xml", Descriptor("<commands><command path=\"demo.bad\"><input-spec/>"
+                                               "<format-parameters/><execute>x</execute></command>"
+                                               "</commands>"));
+    std::string const conflict = files.Write(
+        "c-conflict.xml",
+        Descriptor("<namespaces>" + NamespaceElement("demo", "Other") + "</namespaces>"));
+    std::string const brokenMessage =
+        "Unable to handle XML Plugin " + broken +
+        ".  There was an error while parsing: Unable to register the command 'ostrel demo.bad'  "
+        "Error was Unable to find <output-spec> element, which is required for a command.";
+    ExpectRun(Ostrel({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Neil",
+                      "--force", "--path", "a b", "--path", "c"}),
+              1, "",
+              "Error loading plugin " + broken + " skipping.  Error was: " + brokenMessage + "\n" +
+                  "Error loading plugin " + conflict +
+                  " skipping.  Error was: Error while trying to register the plugin " + conflict +
+                  " Duplicate top-level namespaces must have the same description: demo The "
+                  "functionality in " +
+                  conflict + " will not be available until this issue is resolved.\n" +
+                  "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n 'ONeil' -f   "
+                  "--path \"a b\" --path \"c\"\n");
+    ExpectRun(Ostrel({"--plugin", broken, "--plugin", demo, "demo", "items", "--format-param",
+                      "show-header=false"}),
+              0, "a&b<c>  512 MiB  true\nx         0 MiB  false\n",
+              "Unable to load plugin " + broken + ": " + brokenMessage + "\n");
+}
+
+TEST_F(DescriptorRunTest, MalformedDescriptorsAreNamedAfterTheParsersOwnReport) {
+    std::string const bad = files.Write("bad.xml", "<plugin><version>1.0.0</plugin>");
+    auto run = Ostrel({"--plugin", bad, "ostrel", "command", "list", "-c", "nomatch"});
+    std::string const last =
+        "Unable to load plugin " + bad + ": Unable to handle XML Plugin " + bad +
+        ".  There was an error while parsing: Unable to parse XML descriptor: " + bad + "\n";
+    ASSERT_GE(run.err.size(), last.size());
+    EXPECT_EQ(last, run.err.substr(run.err.size() - last.size()));
+    EXPECT_EQ(0, run.status);
+}
+
+TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
+    ExpectRun(Demo({"quiet", "--limit", "5", "--path", "x y", "--name", "a;b"}), 1, "",
+              "Errors: \nGot no data from process: true -n 'a;b'  -l 5  --path \"x y\"\n");
+    // Only conditional sections disappear when their parameter is not given.
+    ExpectRun(Demo({"quiet"}, {}), 1, "",
+              "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n '$val{name}'   "
+              "$multilist{path,--path,true}\n");
+    // Standard input takes the value as it is: no shell reads it.
+    ExpectRun(Demo({"echo", "--name", "O'Neil $HOME;", "--formatter", "json"}), 0,
+              "\"O'Neil $HOME;\"\n", "");
+}
+
+TEST_F(DescriptorRunTest, WhatTheProgramAnswersDecidesTheErrors) {
+    ExpectRun(Demo({"errors"}), 1, "", "Errors: \ndisk busy\n retry later\n");
+    std::string const noRoot =
+        "No root object set for output. The command did not provide proper output.\n"
+        "Implementation error! The output of this command does not match the declared output "
+        "type, see errors above.\n";
+    ExpectRun(Demo({"late"}), 1, "", "Errors: \n" + noRoot);
+    ExpectRun(Demo({"malformed"}), 1, "", "Errors: \n" + noRoot);
+    ExpectRun(Demo({"badtag"}), 1, "",
+              "Errors: \nUnable to parse output of Extension Command: Error parsing command "
+              "output.  Unable to build a proper metaobject from output tag.  output must contain "
+              "properly formatted tags of type bool, int, string, structure and list. Error was : "
+              "Unable to make a MetaObject from a node with tag 'integer'\n");
+}
+
+TEST_F(DescriptorRunTest, EveryFormatterPrintsTheProgramsOutput) {
+    ExpectRun(Demo({"items"}), 0,
+              "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
+              "false\n",
+              "");
+    ExpectRun(Demo({"items", "--formatter", "simple"}), 0,
+              "\nItem:\n   Name: a&b<c>\n   Size: 512 MiB\n   Up: true\n\nItem:\n   Name: x\n"
+              "   Size: 0 MiB\n   Up: false\n\n",
+              "");
+    ExpectRun(Demo({"items", "--formatter", "json"}), 0,
+              "\n[\n\n      {\n         \"Name\": \"a&b<c>\",\n         \"Size\": 512,\n"
+              "         \"Up\": true\n      }, \n\n      {\n         \"Name\": \"x\",\n"
+              "         \"Size\": 0,\n         \"Up\": false\n      }\n]\n",
+              "");
+    ExpectRun(Demo({"items", "--formatter", "python"}), 0,
+              "[{\"Name\": \"\"\"a&b<c>\"\"\", \"Size\": 512, \"Up\": True, }, "
+              "{\"Name\": \"\"\"x\"\"\", \"Size\": 0, \"Up\": False, }, ]\n",
+              "");
+    auto xml = Demo({"items", "--formatter", "xml"});
+    EXPECT_EQ(0, xml.status);
+    EXPECT_NE(std::string::npos,
+              xml.out.find("      <meta-data-field name=\"units:Item.Size\" value=\"MiB\"/>\n"));
+    EXPECT_NE(std::string::npos,
+              xml.out.find("   <root>\n      <list type=\"structure\">\n"
+                           "            <structure typeName=\"Item\">\n"
+                           "               <field name=\"Name\">\n"
+                           "                  <string>a&amp;b&lt;c&gt;</string>\n"
+                           "               </field>\n"));
+}
+
+}  // namespace
