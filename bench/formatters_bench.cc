@@ -24,10 +24,10 @@ constexpr long kRows = 1000000;
 
 // Counts what is written and keeps none of it.
 class DiscardBuffer : public std::streambuf {
-  public:
+public:
     size_t Written() const { return written; }
 
-  protected:
+protected:
     int_type overflow(int_type c) override {
         ++written;
         return traits_type::not_eof(c);
@@ -37,7 +37,7 @@ class DiscardBuffer : public std::streambuf {
         return n;
     }
 
-  private:
+private:
     size_t written = 0;
 };
 

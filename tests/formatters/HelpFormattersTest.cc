@@ -4,7 +4,7 @@
 #include <boost/algorithm/string/split.hpp>
 
 #include "FormatterTestSupport.h"
-#include "tindra/TindraException.h"
+#include "support/ThrownMessage.h"
 #include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
 #include "tindra/autocli/formatters/CommandHelpFormatter.h"
 
@@ -103,14 +103,9 @@ TEST(CommandHelpFormatter, SecretOptionWrapsWarningAtDescriptionColumn) {
 }
 
 TEST(CommandHelpFormatter, RejectsOtherStructures) {
-    try {
-        CommandHelpText(MetaStruct::New("Other"), 80);
-        ADD_FAILURE() << "no exception";
-    } catch (TindraException const& error) {
-        EXPECT_STREQ(error.what(),
-                     "Error: Unexpected type for output, formatter expected a struct with help "
-                     "information");
-    }
+    EXPECT_EQ(ThrownMessage([] { CommandHelpText(MetaStruct::New("Other"), 80); }),
+              "Error: Unexpected type for output, formatter expected a struct with help "
+              "information");
 }
 
 std::shared_ptr<MetaStruct> Node(char const* name, char const* description, char const* type) {
@@ -165,14 +160,8 @@ TEST(CliDispatcherHelpFormatter, MissingFields) {
     std::string text;
     EXPECT_FALSE(CliDispatcherHelpFormatter::ExtractString("Path", Listing({}), text));
     EXPECT_EQ(text, "<Path>");
-    try {
-        CliHelpText(MetaString::New("x"), 80);
-        ADD_FAILURE() << "no exception";
-    } catch (TindraException const& error) {
-        EXPECT_STREQ(error.what(),
-                     "Error: Unexpected type for help output, formatter expected a struct with "
-                     "help data");
-    }
+    EXPECT_EQ(ThrownMessage([] { CliHelpText(MetaString::New("x"), 80); }),
+              "Error: Unexpected type for help output, formatter expected a struct with help data");
 }
 
 }  // namespace

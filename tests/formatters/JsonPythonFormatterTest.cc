@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "FormatterTestSupport.h"
-#include "tindra/TindraException.h"
+#include "support/ThrownMessage.h"
 #include "tindra/autocli/formatters/JsonFormatter.h"
 #include "tindra/autocli/formatters/PythonFormatter.h"
 
@@ -63,17 +63,8 @@ TEST(PythonFormatter, ScalarsEscapesAndMissingValue) {
     EXPECT_EQ(Python(MetaBool::New(true)), "True\n");
     EXPECT_EQ(Python(MetaStruct::New("E")), "{}\n");
     EXPECT_EQ(Python(MetaList::New(MetaType::Int)), "[]\n");
-    EXPECT_THROW(
-        {
-            try {
-                Python(nullptr);
-            } catch (TindraException const& error) {
-                EXPECT_STREQ(error.what(),
-                             "Invalid MetaObject passed to Format in PythonFormatter");
-                throw;
-            }
-        },
-        TindraException);
+    EXPECT_EQ(ThrownMessage([] { Python(nullptr); }),
+              "Invalid MetaObject passed to Format in PythonFormatter");
     EXPECT_TRUE(PythonFormatter::IsAllAscii(""));
     EXPECT_TRUE(PythonFormatter::IsAllAscii("plain \x7f"));
     EXPECT_FALSE(PythonFormatter::IsAllAscii("caf\xc3\xa9"));

@@ -14,14 +14,14 @@ namespace AutoCli {
 // How the values of one field of one structure type are printed: the request's printf and
 // units parameters, looked up once so that a table can format a million cells cheaply.
 class FieldFormat {
-  public:
+public:
     FieldFormat(std::string const& typeName, std::string const& fieldName,
                 FormatParameters const& params);
 
     std::string Apply(MetaObj::MetaObject const* value) const;
     std::string const& GetTypeName() const { return typeName; }
 
-  private:
+private:
     std::string typeName;
     std::string printfKey;
     std::optional<PrintfFormat> printf;

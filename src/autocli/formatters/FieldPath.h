@@ -12,12 +12,12 @@ namespace AutoCli {
 
 // A field name or a dotted path into nested structures, split once and resolved many times.
 class FieldPath {
-  public:
+public:
     explicit FieldPath(std::string const& path);
 
     std::shared_ptr<MetaObj::MetaObject> Resolve(MetaObj::MetaStruct const& structure) const;
 
-  private:
+private:
     std::string path;
     // Empty when the path holds no '.', so a plain name is one lookup.
     std::vector<std::string> components;

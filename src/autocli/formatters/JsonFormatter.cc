@@ -71,12 +71,12 @@ void WriteJsonString(std::ostream& out, std::string_view text) {
 
 // Writes values by reference, so that a list of a million items costs no reference counting.
 class JsonWriter {
-  public:
+public:
     explicit JsonWriter(std::ostream& out) : out(out) {}
 
     void Value(MetaObject* value, int level);
 
-  private:
+private:
     void Struct(MetaObject& value, int level);
     void List(MetaObject& value, int level);
 

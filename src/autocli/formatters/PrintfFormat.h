@@ -13,7 +13,7 @@ namespace AutoCli {
 // read an argument that was not passed: only a format with exactly one conversion that fits the
 // value's kind is handed to the C library.
 class PrintfFormat {
-  public:
+public:
     explicit PrintfFormat(std::string format);
 
     // Formats one value into `text`. Structures and lists give the empty text. Returns the
@@ -22,7 +22,7 @@ class PrintfFormat {
     int Write(MetaObj::MetaObject const& value, std::string const& defaultText,
               std::string& text) const;
 
-  private:
+private:
     void Analyse();
     bool FitsBool() const;
     bool FitsInt() const;

@@ -32,12 +32,12 @@ void WritePythonString(std::ostream& out, std::string const& text) {
 
 // Writes values by reference, so that a list of a million items costs no reference counting.
 class PythonWriter {
-  public:
+public:
     explicit PythonWriter(std::ostream& out) : out(out) {}
 
     void Value(MetaObject* value, int level);
 
-  private:
+private:
     void Scalar(MetaObject& value);
     void Struct(MetaObject& value, int level);
     void List(MetaObject& value, int level);

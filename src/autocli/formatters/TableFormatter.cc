@@ -69,7 +69,7 @@ void Write(std::ostream& out, std::string const& text) {
 
 // One table: widths are measured over all rows first, so nothing is printed when a row is bad.
 class Table {
-  public:
+public:
     Table(std::vector<std::string> const& names, FormatParameters const& params,
           DisplayContext const& display)
         : params(params), screenWidth(display.width) {
@@ -86,7 +86,7 @@ class Table {
     bool WriteRows(MetaList& list, std::ostream& out);
     bool HasColumns() const { return !columns.empty(); }
 
-  private:
+private:
     bool WriteRow(MetaStruct const& row, std::ostream& out);
     void WriteCell(Column& column, bool last, MetaStruct const& row, MetaObject const& value,
                    std::ostream& out);

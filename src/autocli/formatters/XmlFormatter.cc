@@ -37,12 +37,12 @@ char const* ListTypeWord(MetaType type) {
 
 // Writes values by reference, so that a list of a million items costs no reference counting.
 class XmlWriter {
-  public:
+public:
     explicit XmlWriter(std::ostream& out) : out(out) {}
 
     void Value(MetaObject* value, int level);
 
-  private:
+private:
     void Bool(MetaObject& value, int level);
     void Int(MetaObject& value, int level);
     void String(MetaObject& value, int level);
