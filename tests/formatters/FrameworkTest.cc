@@ -93,6 +93,7 @@ TEST(FormatField, OneMatchingConversionIsApplied) {
 TEST(FormatField, ResultIsCutToTheBuffer) {
     // Buffer: 4 (format) + 1 (default text) + 65 bytes, one kept for the terminator.
     EXPECT_EQ(FormatWith("%99d", MetaInt::New(7)), std::string(69, ' '));
+    EXPECT_EQ(FormatWith("%-65535d", MetaInt::New(7)).size(), 8u + 1 + 65 - 1);
 }
 
 TEST(FormatField, FormatsThatCouldReadMissingArgumentsAreRefused) {
@@ -100,8 +101,9 @@ TEST(FormatField, FormatsThatCouldReadMissingArgumentsAreRefused) {
         "Error while handling formatting parameter printf:T.F.  Unable to format field: "
         "Invalid argument";
     auto const number = MetaInt::New(3);
-    for (char const* format : {"%s", "%d %d", "%*d", "%.*d", "%n", "%f", "%p", "%hd", "%jd", "%1$d",
-                               "%", "%5", "no conversion", "%%", "%ls", "%Lf"}) {
+    for (char const* format :
+         {"%s", "%d %d", "%*d", "%.*d", "%n", "%f", "%p", "%hd", "%jd", "%1$d", "%", "%5",
+          "no conversion", "%%", "%ls", "%Lf", "%65536d", "%.100000d", "%-00001000000d"}) {
         EXPECT_EQ(FormatWith(format, number, "MB"), refused) << format;
     }
     EXPECT_EQ(FormatWith("%d", MetaString::New("x")), refused);

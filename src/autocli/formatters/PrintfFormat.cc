@@ -32,6 +32,18 @@ size_t SkipWhile(std::string const& text, size_t at, bool (*accept)(char)) {
     return at;
 }
 
+// Wider fields than the widest screen only make the C library pad for seconds into a buffer that
+// keeps a few dozen bytes of it, so such widths and precisions are refused.
+constexpr unsigned long kWidestField = 65535;
+
+size_t SkipNumber(std::string const& text, size_t at, bool& tooWide) {
+    size_t const end = SkipWhile(text, at, IsDigit);
+    size_t const digits = end - at;
+    tooWide =
+        tooWide || digits > 5 || (digits > 0 && std::stoul(text.substr(at, digits)) > kWidestField);
+    return end;
+}
+
 size_t LengthModifierEnd(std::string const& text, size_t at) {
     static char const* const modifiers[] = {"hh", "ll", "h", "l", "L", "q", "j", "z", "t"};
     for (char const* modifier : modifiers) {
@@ -51,6 +63,7 @@ PrintfFormat::PrintfFormat(std::string format) : format(std::move(format)) {
 // Finds the one conversion; anything unusual ('*', '$', a second conversion, a dangling '%')
 // leaves `conversion` at 0 so that the format is refused for every kind of value.
 void PrintfFormat::Analyse() {
+    bool tooWide = false;
     size_t conversions = 0;
     size_t lengthBegin = 0;
     size_t lengthEnd = 0;
@@ -64,9 +77,9 @@ void PrintfFormat::Analyse() {
             continue;
         }
         size_t at = SkipWhile(format, i + 1, IsFlag);
-        at = SkipWhile(format, at, IsDigit);
+        at = SkipNumber(format, at, tooWide);
         if (at < format.size() && format[at] == '.') {
-            at = SkipWhile(format, at + 1, IsDigit);
+            at = SkipNumber(format, at + 1, tooWide);
         }
         lengthBegin = at;
         lengthEnd = LengthModifierEnd(format, at);
@@ -76,7 +89,7 @@ void PrintfFormat::Analyse() {
         found = format[lengthEnd];
         i = lengthEnd;
     }
-    if (conversions != 1 || (found != 's' && !IsIntegerConversion(found))) {
+    if (tooWide || conversions != 1 || (found != 's' && !IsIntegerConversion(found))) {
         return;
     }
     conversion = found;
