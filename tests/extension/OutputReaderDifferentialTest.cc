@@ -171,11 +171,86 @@ std::vector<std::string> const kHandWritten = {
     "<a/><b/>",
     "<o>&nope;</o>",
     std::string(300, '<'),
+    "<o><string><![CDATA[a]]><![CDATA[b]]></string></o>",
+    "<o><string><![CDATA[a]]>t<![CDATA[b]]></string></o>",
+    "<o><list type=\"int\"><![CDATA[1]]></list></o>",
+    "<o><structure typeName=\"A\"><![CDATA[x]]></structure></o>",
+    "<o><structure typeName=\"A\"><field name=\"f\"><?int x?></field></structure></o>",
+    "<o><?int x?></o>",
+    "<o><?list x?></o>",
+    "<o><structure typeName=\"A\"><field name=\"a&#10;b\"><int>1</int></field></structure></o>",
+    "<o><structure typeName=\"A\"><field name=\"a\tb&amp;c\"><int>1</int></field></structure>"
+    "</o>",
+    "<o xmlns:p=\"urn:x\"><structure p:typeName=\"A\"/></o>",
+    "<o><structure p:typeName=\"A\"/></o>",
+    "<o><structure p:typeName=\"B\" typeName=\"A\"/></o>",
+    "<!DOCTYPE o [<!ENTITY n \"Nm\">]><o><structure typeName=\"&n;\"/></o>",
+    "<!DOCTYPE o [<!ENTITY n \"Nm\">]><o><structure typeName=\"&n;x\"><field name=\"&n;\">"
+    "<string>&n;</string></field></structure></o>",
+    "<!DOCTYPE o [<!ENTITY n \"Nm\">]><o><string>&n;</string><structure typeName=\"&n;\"/>"
+    "</o>",
+    "<!DOCTYPE o [<!ENTITY e \"<string>in entity</string>\">]><o>&e;</o>",
+    "<!DOCTYPE o [<!ENTITY e \"<string>in entity</string>\">]><o><string>&e;after</string></o>",
+    "<!DOCTYPE o [<!ENTITY e \"\">]><o><string>a&e;</string></o>",
+    "<!DOCTYPE o [<!ATTLIST structure typeName CDATA \"Dflt\">]><o><structure/></o>",
+    "<!DOCTYPE o [<!ATTLIST structure typeName CDATA #FIXED \"Fx\">]><o><structure/></o>",
+    "<!DOCTYPE o [<!-- dtd comment --><?dtd pi?>]><o><string>x</string></o>",
+    "<!DOCTYPE o [<!ELEMENT string (#PCDATA)><!ELEMENT o (string)>]><o>\n <string>x</string>\n</o>",
+    "<!DOCTYPE o SYSTEM \"missing.dtd\"><o><string>x</string></o>",
+    "<!DOCTYPE o SYSTEM \"missing.dtd\"><o><string>&undeclared;</string></o>",
 };
 
 TEST_F(OutputReaderDifferentialTest, HandWrittenDocuments) {
     for (auto const& text : kHandWritten) {
         ExpectSame(text);
+    }
+}
+
+TEST_F(OutputReaderDifferentialTest, OtherEncodings) {
+    std::string latin1 = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><o><list type=\"string\">";
+    for (int i = 0; i < 5000; ++i) {
+        latin1 += "<string>caf\xe9 " + std::to_string(i) + "</string>";
+    }
+    latin1 += "</list></o>";
+    ExpectSame(latin1);
+    ExpectSame(latin1.substr(0, latin1.size() / 2));
+    std::string utf16 = "\xff\xfe";  // little-endian with byte order mark
+    for (char c : std::string("<o><string>wide \x7e</string></o>")) {
+        utf16 += c;
+        utf16 += '\0';
+    }
+    ExpectSame(utf16);
+    ExpectSame(utf16.substr(0, utf16.size() - 3));
+}
+
+TEST_F(OutputReaderDifferentialTest, AtTheParserDepthLimit) {
+    for (int depth = 250; depth <= 260; ++depth) {
+        std::string document;
+        for (int i = 0; i < depth; ++i) {
+            document += "<e>";
+        }
+        for (int i = 0; i < depth; ++i) {
+            document += "</e>";
+        }
+        ExpectSame("<o><string>" + document + "</string></o>");
+        ExpectSame("<o><string>x</string>" + document + "</o>");
+    }
+}
+
+TEST_F(OutputReaderDifferentialTest, AtTheTextSizeLimit) {
+    std::string const utf8 = "\xc3\xa9";  // text the parser delivers in small pieces
+    for (size_t size : {size_t(10000000), size_t(10000001)}) {
+        ExpectSame("<o><string>" + std::string(size, 'a') + "</string></o>");
+        ExpectSame("<o><int>" + std::string(size / 2, 'a') + "&amp;" + std::string(size / 2, 'b') +
+                   "</int><string>x</string></o>");
+        ExpectSame("<o><string>" + std::string(size - size % 2, 'a').replace(0, 2, utf8) +
+                   "</string></o>");
+        std::string wide;
+        for (size_t i = 0; i < size / 2; ++i) {
+            wide += utf8;
+        }
+        ExpectSame("<o><string>x</string><!--" + wide.substr(0, 100) + "--><string>" + wide +
+                   "</string></o>");
     }
 }
 

@@ -24,7 +24,7 @@ size_t const kReadChunk = 64 * 1024;
 }
 
 class Exchange {
-  public:
+public:
     Exchange(Platform::UniqueFd& toChild, Platform::UniqueFd& fromChild, std::string const& input,
              std::string& output)
         : toChild(toChild), fromChild(fromChild), input(input), output(output) {}
@@ -36,7 +36,7 @@ class Exchange {
         }
     }
 
-  private:
+private:
     void PrepareInput() {
         if (input.empty()) {
             toChild.Close();

@@ -55,7 +55,8 @@ xmlNode* FirstChildOf(xmlNode* node) {
 }
 
 bool IsSkippedChildName(char const* name) {
-    return Same(name, "text") || Same(name, "comment");
+    // Tested for every node of a document, hence the look at the first letter before comparing.
+    return (name[0] == 't' && Same(name, "text")) || (name[0] == 'c' && Same(name, "comment"));
 }
 
 bool CarriesContent(xmlNode const* node) {
@@ -64,26 +65,44 @@ bool CarriesContent(xmlNode const* node) {
 }
 
 ValueTag ClassifyValueTag(char const* name) {
-    if (Same(name, "text")) {
-        throw TindraException("Trying to make a meta object from a text field");
-    }
-    if (Same(name, "comment")) {
-        throw TindraException("Trying to make a meta object from a comment");
-    }
-    if (Same(name, "list")) {
-        return ValueTag::List;
-    }
-    if (Same(name, "structure")) {
-        return ValueTag::Structure;
-    }
-    if (Same(name, "int")) {
-        return ValueTag::Int;
-    }
-    if (Same(name, "bool")) {
-        return ValueTag::Bool;
-    }
-    if (Same(name, "string")) {
-        return ValueTag::String;
+    // Tested in the order text, comment, list, structure, int, bool, string; the first letter
+    // tells which of them can match.
+    switch (name[0]) {
+        case 't':
+            if (Same(name, "text")) {
+                throw TindraException("Trying to make a meta object from a text field");
+            }
+            break;
+        case 'c':
+            if (Same(name, "comment")) {
+                throw TindraException("Trying to make a meta object from a comment");
+            }
+            break;
+        case 'l':
+            if (Same(name, "list")) {
+                return ValueTag::List;
+            }
+            break;
+        case 's':
+            if (Same(name, "structure")) {
+                return ValueTag::Structure;
+            }
+            if (Same(name, "string")) {
+                return ValueTag::String;
+            }
+            break;
+        case 'i':
+            if (Same(name, "int")) {
+                return ValueTag::Int;
+            }
+            break;
+        case 'b':
+            if (Same(name, "bool")) {
+                return ValueTag::Bool;
+            }
+            break;
+        default:
+            break;
     }
     throw TindraException(std::string("Unable to make a MetaObject from a node with tag '") + name +
                           "'");

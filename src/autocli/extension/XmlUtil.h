@@ -9,17 +9,13 @@
 #include <memory>
 #include <string>
 
+#include "autocli/extension/OutputDocumentReader.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaObject.h"
 #include "tindra/metaobj/MetaStruct.h"
 
 namespace Tindra {
 namespace AutoCli {
-
-// Reads a whole command output document. Returns an empty pointer when the text is not
-// well-formed XML or its root element holds no value; throws TindraException when the value
-// cannot be built.
-std::shared_ptr<MetaObj::MetaObject> XmlUtil_ParseXmlOutput(std::string const& text);
 
 // Builds the value one element denotes (list, structure, int, bool, string).
 std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node);
