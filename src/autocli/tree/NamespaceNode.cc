@@ -103,8 +103,10 @@ std::shared_ptr<NamespaceNode> NamespaceNode::ResolveNode(std::list<std::string>
 }
 
 std::shared_ptr<NamespaceNode> NamespaceNode::SubNamespace(std::string const& childName) {
-    if (auto existing = GetNamespaceNode(childName)) {
-        return existing;
+    // Asked through HasNamespaceNode: a command answers false there, so it refuses the new
+    // child at registration instead of at lookup.
+    if (HasNamespaceNode(childName)) {
+        return GetNamespaceNode(childName);
     }
     std::shared_ptr<NamespaceNode> created = Namespace::New();
     RegisterNamespaceNode(created, childName);
