@@ -9,7 +9,7 @@ namespace Platform {
 
 // A shared object opened through the dynamic loader; closed when this object goes.
 class LoadedLibrary {
-  public:
+public:
     // Null when the loader refuses the file; LoaderErrorText() then says why.
     static std::unique_ptr<LoadedLibrary> Open(std::string const& path, int flags);
 
@@ -20,7 +20,7 @@ class LoadedLibrary {
     // Null when the symbol is missing; LoaderErrorText() then says why.
     void* FindSymbol(char const* name) const;
 
-  private:
+private:
     explicit LoadedLibrary(void* handle) : handle(handle) {}
 
     void* handle;

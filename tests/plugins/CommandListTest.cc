@@ -51,7 +51,7 @@ TEST(InternalPluginTest, SixFormattersInOrderAndTheSystemNamespaces) {
 }
 
 class CommandListTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         auto root = dispatcher.GetRootNamespace();
         auto item = root->SubNamespace("demo")->SubNamespace("widget")->SubNamespace("item");

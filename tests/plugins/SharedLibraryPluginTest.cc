@@ -3,7 +3,8 @@
 
 #include <filesystem>
 
-#include "support/tree/Captures.h"
+#include "support/ThrownMessage.h"
+#include "support/tree/CerrCapture.h"
 #include "support/tree/TempDirectory.h"
 #include "tindra/autocli/plugins/SharedLibraryPlugin.h"
 #include "tindra/autocli/tree/Dispatcher.h"
@@ -11,8 +12,6 @@
 namespace Tindra {
 namespace AutoCli {
 namespace {
-
-using Testing::MessageOf;
 
 std::string const kAnswer = TEST_ANSWERPLUGIN_PATH;
 std::string const kRefusing = TEST_REFUSINGPLUGIN_PATH;
@@ -28,10 +27,11 @@ TEST(SharedLibraryPluginTest, LoaderFailuresCarryTheLoaderText) {
     auto missing = SharedLibraryPlugin::New("/nonexistent/plugin.so");
     std::string const unloadable =
         "Unable to load plugin from /nonexistent/plugin.so : /nonexistent/plugin.so";
-    EXPECT_EQ(MessageOf([&] { missing->Initialize(); }).substr(0, unloadable.size()), unloadable);
+    EXPECT_EQ(ThrownMessage([&] { missing->Initialize(); }).substr(0, unloadable.size()),
+              unloadable);
     auto noEntry = SharedLibraryPlugin::New(kNoEntry);
     std::string const opening = "Unable to get plugin registration point from " + kNoEntry + " : ";
-    std::string const message = MessageOf([&] { noEntry->Initialize(); });
+    std::string const message = ThrownMessage([&] { noEntry->Initialize(); });
     EXPECT_EQ(message.substr(0, opening.size()), opening);
     EXPECT_NE(message.find("AutoCli_RegisterNamespaces"), std::string::npos);
     EXPECT_FALSE(IsLoaded(kNoEntry));
@@ -63,7 +63,7 @@ TEST(SharedLibraryPluginTest, DispatcherKeepsTheLibraryUntilItsCommandsAreGone) 
 TEST(SharedLibraryPluginTest, RefusedRegistrationIsWrappedAndItsLeftoversStaySafe) {
     {
         Dispatcher dispatcher;
-        EXPECT_EQ(MessageOf([&] { dispatcher.AddPlugin(kRefusing); }),
+        EXPECT_EQ(ThrownMessage([&] { dispatcher.AddPlugin(kRefusing); }),
                   "Error while trying to register the plugin " + kRefusing +
                       " the device table is missing The functionality in " + kRefusing +
                       " will not be available until this issue is resolved.");

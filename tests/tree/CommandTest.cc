@@ -35,7 +35,7 @@ bool Flag(std::shared_ptr<MetaStruct> const& structure, char const* field) {
 }
 
 class CommandTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override { Namespace::New()->RegisterNamespaceNode(command, "list"); }
 
     Errors Run(std::shared_ptr<Input> input, Testing::ScriptedCommand::Action action) {

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
-#include "support/tree/Captures.h"
+#include "support/ThrownMessage.h"
+#include "support/tree/CerrCapture.h"
 #include "support/tree/FakePlugin.h"
 #include "support/tree/ScriptedCommand.h"
 #include "support/tree/TempDirectory.h"
@@ -14,11 +15,10 @@ namespace AutoCli {
 namespace {
 
 using Testing::FakePlugin;
-using Testing::MessageOf;
 using Names = std::vector<std::string>;
 
 class DispatcherTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         dispatcher.GetRootNamespace()->SubNamespace("demo")->RegisterNamespaceNode(command, "show");
         command->SetDefaultOutputFormatter("simple");
@@ -56,11 +56,11 @@ TEST_F(DispatcherTest, RegistrationFailuresAreWrappedAndLeaveWhatWasPlaced) {
         root->SubNamespace("placed");
         throw TindraException("cannot go on");
     });
-    EXPECT_EQ(MessageOf([&] { dispatcher.RegisterPlugin(half); }),
+    EXPECT_EQ(ThrownMessage([&] { dispatcher.RegisterPlugin(half); }),
               "Error while trying to register the plugin half cannot go on The functionality in "
               "half will not be available until this issue is resolved.");
     auto clash = std::make_shared<FakePlugin>("second", Names{"aaa", "table"});
-    EXPECT_EQ(MessageOf([&] { dispatcher.RegisterPlugin(clash); }),
+    EXPECT_EQ(ThrownMessage([&] { dispatcher.RegisterPlugin(clash); }),
               "Error while trying to register the plugin second  this plugin has a formatter "
               "table that was already registered from the plugin Internal  The functionality in "
               "second will not be available until this issue is resolved.");

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/tree/Captures.h"
+#include "support/ThrownMessage.h"
 #include "support/tree/ScriptedCommand.h"
 #include "tindra/autocli/tree/RootNamespace.h"
 
@@ -8,7 +8,6 @@ namespace Tindra {
 namespace AutoCli {
 namespace {
 
-using Testing::MessageOf;
 using Testing::ScriptedCommand;
 using Words = std::list<std::string>;
 
@@ -16,7 +15,7 @@ std::string const kNoChildren = "'. Commands cannot have sub-commands or sub-nam
 
 // root -> demo -> widget -> list (a command)
 class TreeTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         demo = root->SubNamespace("demo");
         widget = demo->SubNamespace("widget");
@@ -40,18 +39,18 @@ TEST(NameRuleTest, GroupsOfLowerCaseClosedByAtMostOneCapitalOrDigit) {
 
 TEST_F(TreeTest, RefusedRegistrationsChangeNothing) {
     for (char const* name : {"UserPool", "itemVV", ""}) {
-        EXPECT_EQ(MessageOf([&] { root->RegisterNamespaceNode(Namespace::New(), name); }),
+        EXPECT_EQ(ThrownMessage([&] { root->RegisterNamespaceNode(Namespace::New(), name); }),
                   "Invalid name for namespace '" + std::string(name) +
                       "', must be a name consisting of letters and numbers and must conform to "
                       "'camel' casing.");
     }
-    EXPECT_EQ(MessageOf([&] { root->RegisterNamespaceNode(Namespace::New(), "demo"); }),
+    EXPECT_EQ(ThrownMessage([&] { root->RegisterNamespaceNode(Namespace::New(), "demo"); }),
               "Duplicate registration in namespace  attempt to register two objects with name "
               "demo");
-    EXPECT_EQ(MessageOf([&] { widget->RegisterNamespaceNode(nullptr, "other"); }),
+    EXPECT_EQ(ThrownMessage([&] { widget->RegisterNamespaceNode(nullptr, "other"); }),
               "Null namespace node named 'other' passed to namespace demo widget");
     auto otherRoot = RootNamespace::New(owner);
-    EXPECT_EQ(MessageOf([&] { demo->RegisterNamespaceNode(otherRoot, "nested"); }),
+    EXPECT_EQ(ThrownMessage([&] { demo->RegisterNamespaceNode(otherRoot, "nested"); }),
               "Error, Root namespace cannot be assigned a parent node");
     EXPECT_EQ(root->GetNamespaceNodeNames(), std::vector<std::string>{"demo"});
     EXPECT_EQ(root->GetNamespaceNode("demo"), demo);
@@ -85,10 +84,10 @@ TEST_F(TreeTest, ResolutionFindsNodesAndLeavesThePathAsItWas) {
 
 TEST_F(TreeTest, ResolutionFailuresUseTwoWordings) {
     Words path{"demo", "nosuch"};
-    EXPECT_EQ(MessageOf([&] { root->ResolveNode(path); }),
+    EXPECT_EQ(ThrownMessage([&] { root->ResolveNode(path); }),
               "Unable to find a command or namespace with the name 'nosuch' in namespace demo");
     path = {"demo", "widget", "list", "extra", "more"};
-    EXPECT_EQ(MessageOf([&] { root->ResolveNode(path); }),
+    EXPECT_EQ(ThrownMessage([&] { root->ResolveNode(path); }),
               "Unable to find a namespace or command with the name 'extra more' on the command "
               "'demo widget list" +
                   kNoChildren);
@@ -96,31 +95,32 @@ TEST_F(TreeTest, ResolutionFailuresUseTwoWordings) {
 
 TEST_F(TreeTest, CommandsRefuseChildren) {
     EXPECT_FALSE(list->HasNamespaceNode("child"));
-    EXPECT_EQ(MessageOf([&] { list->GetNamespaceNode("child"); }),
+    EXPECT_EQ(ThrownMessage([&] { list->GetNamespaceNode("child"); }),
               "Unable to find a namespace or command with the name 'child' on the command 'demo "
               "widget list" +
                   kNoChildren);
     std::string const refusal =
         "Attempt to register a command or namespace 'child' on command 'demo widget list" +
         kNoChildren;
-    EXPECT_EQ(MessageOf([&] { list->RegisterNamespaceNode(Namespace::New(), "child"); }), refusal);
-    EXPECT_EQ(MessageOf([&] { list->SubNamespace("child"); }), refusal);
+    EXPECT_EQ(ThrownMessage([&] { list->RegisterNamespaceNode(Namespace::New(), "child"); }),
+              refusal);
+    EXPECT_EQ(ThrownMessage([&] { list->SubNamespace("child"); }), refusal);
 }
 
 TEST(DetachedNodeTest, ReportsTheMissingParent) {
     auto detached = Namespace::New();
-    EXPECT_EQ(MessageOf([&] { detached->GetDispatcher(); }),
+    EXPECT_EQ(ThrownMessage([&] { detached->GetDispatcher(); }),
               "Invalid state for namespace 'no parent has been set while attempting to get "
               "dispathcer reference.");
-    EXPECT_EQ(MessageOf([&] { detached->GetPathString(' '); }),
+    EXPECT_EQ(ThrownMessage([&] { detached->GetPathString(' '); }),
               "GetPathString: Invalid state for Namespace Node with the name '' No parent node "
               "has been set");
     auto command = ScriptedCommand::New();
     command->SetName("orphan");
-    EXPECT_EQ(MessageOf([&] { command->GetPath(); }),
+    EXPECT_EQ(ThrownMessage([&] { command->GetPath(); }),
               "GetPath: Invalid state for Namespace Node with the name 'orphan' No parent node "
               "has been set");
-    EXPECT_EQ(MessageOf([&] { command->GetDispatcher(); }),
+    EXPECT_EQ(ThrownMessage([&] { command->GetDispatcher(); }),
               "Invalid state for command with name 'orphan'. No parent node has been set.");
     {
         auto parent = Namespace::New();

@@ -10,7 +10,7 @@ namespace {
 using namespace Tindra;
 
 class AnswerCommand : public AutoCli::Command {
-  protected:
+protected:
     std::shared_ptr<CallSpec::InputSpec> GetInputSpecInternal() override {
         return CallSpec::InputSpec::New();
     }

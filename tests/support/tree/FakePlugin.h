@@ -13,7 +13,7 @@ namespace Testing {
 
 // Writes its own name, so a test can see which formatter ran.
 class NamedFormatter : public AutoCli::Formatter {
-  public:
+public:
     explicit NamedFormatter(std::string const& name) : Formatter(name) {}
     bool Format(std::shared_ptr<CallSpec::Output>, AutoCli::FormatParameters&,
                 AutoCli::DisplayContext&, std::ostream& out) override {
@@ -24,7 +24,7 @@ class NamedFormatter : public AutoCli::Formatter {
 
 // A plug-in with the given formatters whose registration runs the given code.
 class FakePlugin : public AutoCli::Plugin {
-  public:
+public:
     using Registration = std::function<void(std::shared_ptr<AutoCli::Namespace>)>;
 
     FakePlugin(
@@ -56,7 +56,7 @@ class FakePlugin : public AutoCli::Plugin {
         return formatters;
     }
 
-  private:
+private:
     std::string name;
     Registration registration;
     std::vector<std::shared_ptr<AutoCli::Formatter>> formatters;

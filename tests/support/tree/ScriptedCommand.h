@@ -12,7 +12,7 @@ namespace Testing {
 
 // A command whose declarations and behaviour each test sets; it declares a string result.
 class ScriptedCommand : public AutoCli::Command {
-  public:
+public:
     using Action = std::function<void(CallSpec::Input&, CallSpec::Output&)>;
 
     static std::shared_ptr<ScriptedCommand> New(std::string description = "") {
@@ -28,7 +28,7 @@ class ScriptedCommand : public AutoCli::Command {
     };
     int executions = 0;
 
-  protected:
+protected:
     std::shared_ptr<CallSpec::InputSpec> GetInputSpecInternal() override { return declaredInput; }
     std::shared_ptr<CallSpec::OutputSpec> GetOutputSpecInternal() override {
         auto spec = CallSpec::OutputSpec::New();

@@ -12,7 +12,7 @@ namespace Testing {
 
 // A fresh directory, removed with its contents.
 class TempDirectory {
-  public:
+public:
     TempDirectory() : path((std::filesystem::temp_directory_path() / "tindra-XXXXXX").string()) {
         if (mkdtemp(path.data()) == nullptr) {
             throw std::filesystem::filesystem_error("mkdtemp", path, std::error_code());

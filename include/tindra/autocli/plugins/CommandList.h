@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The built-in command that lists every command of the tree, optionally filtered.
 class CommandList : public Command {
-  public:
+public:
     explicit CommandList(std::shared_ptr<Namespace> const& root);
     ~CommandList() override = default;
 
@@ -30,13 +30,13 @@ class CommandList : public Command {
                             std::shared_ptr<NamespaceNode> const& node,
                             std::shared_ptr<MetaObj::MetaList> const& list);
 
-  protected:
+protected:
     std::shared_ptr<CallSpec::InputSpec> GetInputSpecInternal() override;
     std::shared_ptr<CallSpec::OutputSpec> GetOutputSpecInternal() override;
     void ExecuteInternal(std::shared_ptr<CallSpec::Input> input,
                          std::shared_ptr<CallSpec::Output> output) override;
 
-  private:
+private:
     // Weak: this command lives inside the tree it lists, so a strong reference would keep the
     // whole tree alive forever.
     std::weak_ptr<Namespace> root;

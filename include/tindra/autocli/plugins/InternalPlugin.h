@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // What every installation has: the standard formatters and the built-in command list.
 class InternalPlugin : public Plugin {
-  public:
+public:
     static std::shared_ptr<InternalPlugin> New();
 
     void Initialize() override;
@@ -24,7 +24,7 @@ class InternalPlugin : public Plugin {
     std::shared_ptr<Formatter> GetFormatter(std::string const& name) override;
     std::vector<std::shared_ptr<Formatter>>& GetFormatters() override { return formatters; }
 
-  private:
+private:
     std::vector<std::shared_ptr<Formatter>> formatters;
 };
 

@@ -22,7 +22,7 @@ using SharedLibraryRegistration = void (*)(std::shared_ptr<Namespace>);
 // Compiled commands from a shared object. The library is unloaded when the plug-in goes, so
 // whoever keeps the plug-in must outlive every object the library placed in the tree.
 class SharedLibraryPlugin : public Plugin {
-  public:
+public:
     explicit SharedLibraryPlugin(std::string const& fileName);
     SharedLibraryPlugin(SharedLibraryPlugin const&) = delete;
     SharedLibraryPlugin& operator=(SharedLibraryPlugin const&) = delete;
@@ -37,7 +37,7 @@ class SharedLibraryPlugin : public Plugin {
     std::shared_ptr<Formatter> GetFormatter(std::string const&) override { return nullptr; }
     std::vector<std::shared_ptr<Formatter>>& GetFormatters() override;
 
-  private:
+private:
     std::string fileName;
     std::unique_ptr<Platform::LoadedLibrary> library;
     SharedLibraryRegistration registrationEntry = nullptr;
