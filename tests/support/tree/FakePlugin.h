@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tindra/autocli/tree/Plugin.h"
+#include "tindra/autocli/plugins/InternalPlugin.h"
 
 namespace Tindra {
 namespace Testing {
@@ -22,8 +22,9 @@ public:
     }
 };
 
-// A plug-in with the given formatters whose registration runs the given code.
-class FakePlugin : public AutoCli::Plugin {
+// A plug-in with its own name, formatters and registration; the formatter look-up is the
+// built-in plug-in's.
+class FakePlugin : public AutoCli::InternalPlugin {
 public:
     using Registration = std::function<void(std::shared_ptr<AutoCli::Namespace>)>;
 
@@ -32,34 +33,18 @@ public:
         Registration registration = [](std::shared_ptr<AutoCli::Namespace>) {})
         : name(std::move(name)), registration(std::move(registration)) {
         for (auto const& formatterName : formatterNames) {
-            formatters.push_back(std::make_shared<NamedFormatter>(formatterName));
+            GetFormatters().push_back(std::make_shared<NamedFormatter>(formatterName));
         }
     }
 
-    void Initialize() override {}
     std::string const& GetName() const override { return name; }
     void RegisterNamespaces(std::shared_ptr<AutoCli::Namespace> root) override {
         registration(root);
-    }
-    bool HasFormatter(std::string const& wanted) override {
-        return GetFormatter(wanted) != nullptr;
-    }
-    std::shared_ptr<AutoCli::Formatter> GetFormatter(std::string const& wanted) override {
-        for (auto const& formatter : formatters) {
-            if (formatter->GetName() == wanted) {
-                return formatter;
-            }
-        }
-        return nullptr;
-    }
-    std::vector<std::shared_ptr<AutoCli::Formatter>>& GetFormatters() override {
-        return formatters;
     }
 
 private:
     std::string name;
     Registration registration;
-    std::vector<std::shared_ptr<AutoCli::Formatter>> formatters;
 };
 
 }  // namespace Testing

@@ -20,7 +20,7 @@ public:
     }
     ~TempDirectory() { std::filesystem::remove_all(path); }
 
-    std::string Write(std::string const& name, std::string const& content = "") const {
+    std::string Write(std::string const& name, std::string const& content) const {
         std::ofstream(path + "/" + name) << content;
         return path + "/" + name;
     }
