@@ -82,7 +82,6 @@ TEST(SharedLibraryPluginTest, DirectoryLoadsLib64FirstThenInByteOrder) {
         copies.push_back(directory.path + "/" + name);
         std::filesystem::copy_file(kAnswer, copies.back());
     }
-    directory.Write("b.xml", "<not read/>");
     Testing::CerrCapture errors;
     {
         Dispatcher dispatcher;
