@@ -18,7 +18,7 @@
 
 namespace {
 
-std::string const kBundled = TINDRA_TEST_BINARY_DIR "/../../plugins/bundled";
+std::string const kBundled = TINDRA_TEST_BINARY_DIR "/../plugins/bundled";
 
 std::vector<std::string> Lines(std::string const& text) {
     std::vector<std::string> lines;

@@ -14,6 +14,7 @@
 
 #include "autocli/extension/XmlUtil.h"
 #include "autocli/plugins/XmlDocument.h"
+#include "tindra/autocli/extension/ExtensionCommand.h"
 #include "tindra/autocli/tree/Dispatcher.h"
 #include "tindra/callspec/InputSpec.h"
 #include "tindra/callspec/OutputSpec.h"
@@ -26,7 +27,7 @@ using Tindra::AutoCli::CommandSpec;
 using Tindra::AutoCli::Dispatcher;
 using Tindra::AutoCli::NamespaceNode;
 
-std::string const kBuildDir = TINDRA_TEST_BINARY_DIR "/../../plugins";
+std::string const kBuildDir = TINDRA_TEST_BINARY_DIR "/../plugins";
 
 std::vector<std::string> DescriptorsIn(std::string const& directory) {
     std::vector<std::string> paths;
@@ -43,13 +44,13 @@ std::vector<std::string> DescriptorsIn(std::string const& directory) {
     return paths;
 }
 
-// Every command below node, by path string.
+// Every descriptor command below node.
 void CollectCommands(std::shared_ptr<NamespaceNode> const& node,
                      std::vector<std::shared_ptr<CommandSpec>>& commands) {
     for (auto const& child : node->GetNamespaceNodes()) {
-        if (child->GetType() == NamespaceNode::COMMAND_NODE) {
-            commands.push_back(std::dynamic_pointer_cast<CommandSpec>(child));
-        } else {
+        if (auto command = std::dynamic_pointer_cast<Tindra::AutoCli::ExtensionCommand>(child)) {
+            commands.push_back(command);
+        } else if (child->GetType() != NamespaceNode::COMMAND_NODE) {
             CollectCommands(child, commands);
         }
     }

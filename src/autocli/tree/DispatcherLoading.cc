@@ -7,6 +7,7 @@
 #include "platform/DirectoryListing.h"
 #include "tindra/TindraException.h"
 #include "tindra/autocli/plugins/SharedLibraryPlugin.h"
+#include "tindra/autocli/plugins/XmlPlugin.h"
 #include "tindra/autocli/tree/Dispatcher.h"
 
 namespace Tindra {
@@ -54,8 +55,9 @@ void Dispatcher::AddPlugin(std::string const& path) {
         loadedLibraries.push_back(plugin);
         RegisterPlugin(plugin);
     } else if (boost::regex_match(path, descriptorFile)) {
-        // XML DESCRIPTOR PLUG-INS: not wired yet; descriptor files are skipped until the
-        // descriptor plug-in kind is connected here.
+        auto plugin = XmlPlugin::New(path);
+        plugin->Initialize();
+        RegisterPlugin(plugin);
     }
 }
 
