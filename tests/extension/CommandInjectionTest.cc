@@ -22,13 +22,19 @@ protected:
         ASSERT_NE(nullptr, mkdtemp(pattern));
         directory = pattern;
         marker = directory + "/marker";
+        // Commands run there, so that a stray redirection to a relative name shows too.
+        char previous[4096];
+        ASSERT_NE(nullptr, getcwd(previous, sizeof previous));
+        previousDirectory = previous;
+        ASSERT_EQ(0, chdir(directory.c_str()));
         builder.Parameter("aa", Kind::ParamString)
             .Parameter("bb", Kind::ParamString)
             .Parameter("ll", Kind::ParamStringList);
     }
     void TearDown() override {
         unlink(marker.c_str());
-        rmdir(directory.c_str());
+        EXPECT_EQ(0, chdir(previousDirectory.c_str()));
+        EXPECT_EQ(0, rmdir(directory.c_str())) << "files were created in " << directory;
     }
 
     std::vector<std::string> HostileValues() const {
@@ -116,6 +122,7 @@ protected:
 
     CommandBuilder builder;
     std::string directory;
+    std::string previousDirectory;
     std::string marker;
 };
 
