@@ -37,6 +37,13 @@
 #include "tindra/autocli/tree/Plugin.h"
 #include "tindra/autocli/tree/RootNamespace.h"
 
+#include "tindra/autocli/extension/ExtensionCommand.h"
+#include "tindra/autocli/extension/ShellCmd.h"
+
+#include "tindra/autocli/plugins/CommandList.h"
+#include "tindra/autocli/plugins/InternalPlugin.h"
+#include "tindra/autocli/plugins/SharedLibraryPlugin.h"
+
 #include "tindra/autocli/cli/CliDispatcher.h"
 #include "tindra/autocli/cli/OptionParser.h"
 
