@@ -27,6 +27,14 @@
 #include "tindra/autocli/formatters/FormatParameters.h"
 #include "tindra/autocli/formatters/Formatter.h"
 
+#include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
+#include "tindra/autocli/formatters/CommandHelpFormatter.h"
+#include "tindra/autocli/formatters/JsonFormatter.h"
+#include "tindra/autocli/formatters/PythonFormatter.h"
+#include "tindra/autocli/formatters/SimpleFormatter.h"
+#include "tindra/autocli/formatters/TableFormatter.h"
+#include "tindra/autocli/formatters/XmlFormatter.h"
+
 #include "tindra/autocli/tree/Command.h"
 #include "tindra/autocli/tree/CommandInput.h"
 #include "tindra/autocli/tree/CommandOutput.h"
