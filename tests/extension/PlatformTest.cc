@@ -8,7 +8,6 @@
 #include <string>
 
 #include "platform/ChildProcess.h"
-#include "platform/ErrnoText.h"
 #include "platform/Fd.h"
 #include "platform/Pipe.h"
 #include "platform/SigpipeGuard.h"
@@ -19,20 +18,6 @@ namespace {
 
 bool IsCloseOnExec(int fd) {
     return (fcntl(fd, F_GETFD) & FD_CLOEXEC) != 0;
-}
-
-TEST(UniqueFdTest, ClosesOnceAndHandsOver) {
-    int raw = open("/dev/null", O_RDONLY | O_CLOEXEC);
-    ASSERT_GE(raw, 0);
-    {
-        Platform::UniqueFd owner(raw);
-        Platform::UniqueFd next(std::move(owner));
-        EXPECT_FALSE(owner.IsOpen());
-        EXPECT_EQ(raw, next.Get());
-        next.Close();
-        EXPECT_EQ(-1, next.Get());
-    }
-    EXPECT_EQ(-1, fcntl(raw, F_GETFD));
 }
 
 TEST(CreatePipeTest, EndsAreCloseOnExecAndAboveStandardDescriptors) {
@@ -99,10 +84,6 @@ TEST(SigpipeGuardTest, WriteToGoneReaderFailsInsteadOfKilling) {
     sigset_t mask;
     pthread_sigmask(SIG_BLOCK, nullptr, &mask);
     EXPECT_FALSE(sigismember(&mask, SIGPIPE));
-}
-
-TEST(ErrnoTextTest, GivesTheSystemText) {
-    EXPECT_EQ("No such file or directory", Platform::ErrnoText(ENOENT));
 }
 
 }  // namespace
