@@ -93,7 +93,7 @@ protected:
     }
     TestSupport::ChildResult Demo(std::vector<std::string> args,
                                   std::vector<std::string> environment = {"LANG=C"}) {
-        args.insert(args.begin(), {"--plugin", demo, "demo"});
+        args.insert(args.begin(), {"--plugin", demo});
         return Ostrel(args, environment);
     }
 
@@ -132,8 +132,8 @@ TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
                   conflict + " will not be available until this issue is resolved.\n" +
                   "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n 'ONeil' -f   "
                   "--path \"a b\" --path \"c\"\n");
-    ExpectRun(Ostrel({"--plugin", broken, "--plugin", demo, "demo", "items", "--format-param",
-                      "show-header=false"}),
+    ExpectRun(Ostrel({"--plugin", broken, "--plugin", demo, "--format-param", "show-header=false",
+                      "demo", "items"}),
               0, "a&b<c>  512 MiB  true\nx         0 MiB  false\n",
               "Unable to load plugin " + broken + ": " + brokenMessage + "\n");
 }
@@ -150,26 +150,26 @@ TEST_F(DescriptorRunTest, MalformedDescriptorsAreNamedAfterTheParsersOwnReport) 
 }
 
 TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
-    ExpectRun(Demo({"quiet", "--limit", "5", "--path", "x y", "--name", "a;b"}), 1, "",
+    ExpectRun(Demo({"demo", "quiet", "--limit", "5", "--path", "x y", "--name", "a;b"}), 1, "",
               "Errors: \nGot no data from process: true -n 'a;b'  -l 5  --path \"x y\"\n");
     // Only conditional sections disappear when their parameter is not given.
-    ExpectRun(Demo({"quiet"}, {}), 1, "",
+    ExpectRun(Demo({"demo", "quiet"}, {}), 1, "",
               "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n '$val{name}'   "
               "$multilist{path,--path,true}\n");
     // Standard input takes the value as it is: no shell reads it.
-    ExpectRun(Demo({"echo", "--name", "O'Neil $HOME;", "--formatter", "json"}), 0,
+    ExpectRun(Demo({"--formatter", "json", "demo", "echo", "--name", "O'Neil $HOME;"}), 0,
               "\"O'Neil $HOME;\"\n", "");
 }
 
 TEST_F(DescriptorRunTest, WhatTheProgramAnswersDecidesTheErrors) {
-    ExpectRun(Demo({"errors"}), 1, "", "Errors: \ndisk busy\n retry later\n");
+    ExpectRun(Demo({"demo", "errors"}), 1, "", "Errors: \ndisk busy\n retry later\n");
     std::string const noRoot =
         "No root object set for output. The command did not provide proper output.\n"
         "Implementation error! The output of this command does not match the declared output "
         "type, see errors above.\n";
-    ExpectRun(Demo({"late"}), 1, "", "Errors: \n" + noRoot);
-    ExpectRun(Demo({"malformed"}), 1, "", "Errors: \n" + noRoot);
-    ExpectRun(Demo({"badtag"}), 1, "",
+    ExpectRun(Demo({"demo", "late"}), 1, "", "Errors: \n" + noRoot);
+    ExpectRun(Demo({"demo", "malformed"}), 1, "", "Errors: \n" + noRoot);
+    ExpectRun(Demo({"demo", "badtag"}), 1, "",
               "Errors: \nUnable to parse output of Extension Command: Error parsing command "
               "output.  Unable to build a proper metaobject from output tag.  output must contain "
               "properly formatted tags of type bool, int, string, structure and list. Error was : "
@@ -177,24 +177,24 @@ TEST_F(DescriptorRunTest, WhatTheProgramAnswersDecidesTheErrors) {
 }
 
 TEST_F(DescriptorRunTest, EveryFormatterPrintsTheProgramsOutput) {
-    ExpectRun(Demo({"items"}), 0,
+    ExpectRun(Demo({"demo", "items"}), 0,
               "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
               "false\n",
               "");
-    ExpectRun(Demo({"items", "--formatter", "simple"}), 0,
+    ExpectRun(Demo({"--formatter", "simple", "demo", "items"}), 0,
               "\nItem:\n   Name: a&b<c>\n   Size: 512 MiB\n   Up: true\n\nItem:\n   Name: x\n"
               "   Size: 0 MiB\n   Up: false\n\n",
               "");
-    ExpectRun(Demo({"items", "--formatter", "json"}), 0,
+    ExpectRun(Demo({"--formatter", "json", "demo", "items"}), 0,
               "\n[\n\n      {\n         \"Name\": \"a&b<c>\",\n         \"Size\": 512,\n"
               "         \"Up\": true\n      }, \n\n      {\n         \"Name\": \"x\",\n"
               "         \"Size\": 0,\n         \"Up\": false\n      }\n]\n",
               "");
-    ExpectRun(Demo({"items", "--formatter", "python"}), 0,
+    ExpectRun(Demo({"--formatter", "python", "demo", "items"}), 0,
               "[{\"Name\": \"\"\"a&b<c>\"\"\", \"Size\": 512, \"Up\": True, }, "
               "{\"Name\": \"\"\"x\"\"\", \"Size\": 0, \"Up\": False, }, ]\n",
               "");
-    auto xml = Demo({"items", "--formatter", "xml"});
+    auto xml = Demo({"--formatter", "xml", "demo", "items"});
     EXPECT_EQ(0, xml.status);
     EXPECT_NE(std::string::npos,
               xml.out.find("      <meta-data-field name=\"units:Item.Size\" value=\"MiB\"/>\n"));
