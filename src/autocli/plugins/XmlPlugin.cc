@@ -3,8 +3,6 @@
 
 #include <libxml/parser.h>
 
-#include <boost/regex.hpp>
-
 #include "autocli/extension/ValueGrammar.h"
 #include "autocli/extension/XmlUtil.h"
 #include "autocli/plugins/DescriptorReaders.h"
@@ -59,7 +57,8 @@ void XmlPlugin::Initialize() {
 }
 
 void XmlPlugin::ReadDescriptor() {
-    XmlDocument const document(xmlReadFile(fileName.c_str(), nullptr, 0));
+    // Compact storage of short texts only saves allocations; the tree is the same.
+    XmlDocument const document(xmlReadFile(fileName.c_str(), nullptr, XML_PARSE_COMPACT));
     xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
     if (root == nullptr) {
         throw TindraException("Unable to parse XML descriptor: " + fileName);
@@ -151,10 +150,18 @@ void XmlPlugin::ReadCommand(xmlNode* node, std::string const& path,
 }
 
 std::list<std::string> XmlPlugin::SplitPath(std::string const& path) {
-    static boost::regex const separator("\\.");
-    return std::list<std::string>(
-        boost::sregex_token_iterator(path.begin(), path.end(), separator, -1),
-        boost::sregex_token_iterator());
+    // The tokens of regex token splitting at "\\.": every piece between dots, without the one
+    // empty piece after a final dot (so "" gives none and "." gives one empty name).
+    std::list<std::string> names;
+    size_t start = 0;
+    for (size_t dot = path.find('.'); dot != std::string::npos; dot = path.find('.', start)) {
+        names.emplace_back(path, start, dot - start);
+        start = dot + 1;
+    }
+    if (start < path.size()) {
+        names.emplace_back(path, start);
+    }
+    return names;
 }
 
 // Validates every registration against the tree before registering any, so that a conflict
@@ -169,6 +176,22 @@ void XmlPlugin::RegisterNamespaces(std::shared_ptr<Namespace> root) {
 }
 
 namespace {
+
+// The node at path below root, or nothing where resolving it would fail: the same answer as
+// ResolveNode with its failures ignored, without raising one exception per missing parent.
+std::shared_ptr<NamespaceNode> FindInTree(Namespace& root, std::list<std::string> const& path) {
+    std::shared_ptr<NamespaceNode> node = root.GetThis();
+    for (std::string const& name : path) {
+        if (node->GetType() == NamespaceNode::COMMAND_NODE) {
+            return nullptr;
+        }
+        node = node->GetNamespaceNode(name);
+        if (!node) {
+            return nullptr;
+        }
+    }
+    return node;
+}
 
 // A top-level namespace may be declared by several plug-ins if they describe it alike.
 bool IsSharedTopLevelNamespace(NamespaceNode& parent, NamespaceNode& existing,
@@ -191,14 +214,11 @@ void XmlPlugin::CheckRegistration(Namespace& root, Registration const& registrat
     }
     std::list<std::string> parentPath = SplitPath(path);
     std::string const name = TakeLastName(parentPath);
-    std::shared_ptr<NamespaceNode> parent;
-    try {
-        parent = parentPath.empty() ? root.GetThis() : root.ResolveNode(parentPath);
-    } catch (TindraException const&) {
-        return;  // declared earlier in this file, so not in the tree before the second pass
+    std::shared_ptr<NamespaceNode> const parent = FindInTree(root, parentPath);
+    if (!parent) {
+        return;  // typically declared earlier in this file, so in the tree only in pass two
     }
-    std::shared_ptr<NamespaceNode> const existing =
-        parent ? parent->GetNamespaceNode(name) : nullptr;
+    std::shared_ptr<NamespaceNode> const existing = parent->GetNamespaceNode(name);
     if (!existing) {
         return;
     }
