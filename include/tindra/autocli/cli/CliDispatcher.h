@@ -2,6 +2,7 @@
 #define TINDRA_AUTOCLI_CLI_CLIDISPATCHER_H
 
 #include <istream>
+#include <list>
 #include <memory>
 #include <string>
 
@@ -13,7 +14,7 @@ namespace AutoCli {
 
 // The command-line face of the dispatcher: one run of the tool, or a stream of command lines.
 class CliDispatcher : public Dispatcher {
-public:
+  public:
     CliDispatcher() = default;
     ~CliDispatcher() override = default;
 
@@ -29,7 +30,16 @@ public:
     void GetDisplayContext(DisplayContext& context);
     FormatParameters GetHelpFormatParams() const;
 
-private:
+  private:
+    bool HandleInputOption(OptionParser& parser);
+    bool RunCommand(OptionParser& parser, std::shared_ptr<NamespaceNode> node,
+                    std::list<std::string> const& path, FormatParameters& format,
+                    DisplayContext& display, std::shared_ptr<CommandOutput> output);
+    FormatParameters ChooseFormat(std::shared_ptr<CommandInput> input,
+                                  std::shared_ptr<CommandOutput> output, FormatParameters& format);
+    void AddPluginDirectories(OptionParser& parser);
+    void AddPluginFiles(OptionParser& parser);
+
     std::string dispatcherName;
 };
 
