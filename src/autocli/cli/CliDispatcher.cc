@@ -11,6 +11,7 @@
 #include "autocli/cli/NamespaceListing.h"
 #include "autocli/cli/UsageText.h"
 #include "platform/TerminalSize.h"
+#include "tindra/TindraException.h"
 #include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
 
 namespace Tindra {
