@@ -112,8 +112,8 @@ TEST(OptionParserTest, RepeatedOptionsStaySeparateAndInOrder) {
 
 TEST(OptionParserTest, WordsLeftAfterTheOptionsAreReportedOnceInOrder) {
     OptionParser parser;
-    parser.ParseVector({"ns", "--a", "1", "x", "y"});
-    EXPECT_EQ((Pairs{{"a", "1"}}), parser.GetCommandParameters());
+    parser.ParseVector({"ns", "--ab", "1", "x", "y"});
+    EXPECT_EQ((Pairs{{"ab", "1"}}), parser.GetCommandParameters());
     parser.ProcessCommandArguments();
     parser.GetCommandParameters();
     EXPECT_EQ((Words{"Found Extra non-parameter arguments at the end of input: 'x' 'y' "}),
@@ -163,10 +163,10 @@ TEST(OptionParserTest, TheDeclarationSetBeforeProcessingIsTheOneUsed) {
 
 TEST(OptionParserTest, ParsingAgainKeepsErrorsAndProcessedCommandOptions) {
     OptionParser parser;
-    parser.ParseVector({"a", "--x", "1", "stray"});
+    parser.ParseVector({"a", "-x", "1", "stray"});
     parser.ProcessCommandArguments();
-    parser.ParseVector({"--f", "json", "b", "c"});
-    EXPECT_EQ((Pairs{{"f", "json"}}), parser.GetDispatcherParameters());
+    parser.ParseVector({"--fmt", "json", "b", "c"});
+    EXPECT_EQ((Pairs{{"fmt", "json"}}), parser.GetDispatcherParameters());
     EXPECT_EQ((Words{"b", "c"}), PathOf(parser));
     EXPECT_EQ((Pairs{{"x", "1"}}), parser.GetCommandParameters());
     EXPECT_EQ(1u, parser.GetParseErrors().size());
