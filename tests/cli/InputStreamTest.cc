@@ -80,11 +80,13 @@ TEST(InputStreamTest, AnUnknownWordEndsTheWholeStream) {
 }
 
 TEST(InputStreamTest, BinaryGarbageIsJustAnUnknownWord) {
-    std::string garbage("\x01\xff\xfe\x7f\x80", 5);
-    garbage += std::string(1, '\0') + "z";
+    std::string const garbage("\x01\xff\xfe\x7f\x80\r", 6);
     ExpectRun(Ostrel({"--input", "STDIN"}, garbage + " \"\x1b[2J\"\n"), 1, "",
               "Errors: \nUnable to find a command or namespace with the name '" + garbage +
                   "' in namespace \n");
+    // The exception's text is a C string: what follows a NUL byte is not shown.
+    ExpectRun(Ostrel({"--input", "STDIN"}, garbage + std::string(1, '\0') + "tail\n"), 1, "",
+              "Errors: \nUnable to find a command or namespace with the name '" + garbage + "\n");
 }
 
 TEST(InputStreamTest, OverLongLinesAreReadWhole) {
