@@ -6,8 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "support/ChildProcess.h"
-
 namespace {
 
 using Tindra::AutoCli::OptionParser;
@@ -25,14 +23,11 @@ std::shared_ptr<ParameterSpec> Declare(std::string const& name, std::string cons
     return parameter;
 }
 
-// name (-n, required string), verbose (-v, flag), password (-p, secret), help (-h, bool).
+// name (-n, required string), verbose (-v, flag), help (-h, bool).
 std::shared_ptr<InputSpec> SampleSpec() {
     auto spec = InputSpec::New();
     spec->AddParameter(Declare("name", "n", Tindra::CallSpec::ParamString));
     spec->AddParameter(Declare("verbose", "v", Tindra::CallSpec::ParamFlag));
-    auto password = Declare("password", "p", Tindra::CallSpec::ParamString);
-    password->SetSecret(true);
-    spec->AddParameter(password);
     auto help = Declare("help", "h", Tindra::CallSpec::ParamBool);
     help->SetRequired(false);
     spec->AddParameter(help);
@@ -217,42 +212,6 @@ TEST(ParseStringTest, WordsAreParsedLikeAVector) {
     EXPECT_EQ((Pairs{{"format-param", "a=b c"}}), parser.GetDispatcherParameters());
     EXPECT_EQ((Pairs{{"name", ""}, {"v", ""}}), parser.GetCommandParameters());
     EXPECT_EQ("ostrel", parser.GetDispatcher());
-}
-
-// The prompt reads from standard input; a child process gets a pipe there (not a terminal,
-// so the line is read as it comes) and reports what the parser collected.
-TEST(SecretPromptTest, PromptsForASecretLeftWithoutValueEvenInShortForm) {
-    auto result = TestSupport::RunInChild(
-        [] {
-            OptionParser parser;
-            parser.ParseVector({"ns", "cmd", "-p", "--name", "x"});
-            parser.SetInputSpec(SampleSpec());
-            for (auto const& pair : parser.GetCommandParameters()) {
-                std::cerr << pair.first << "=" << pair.second << ";";
-            }
-            std::cerr << parser.GetParseErrors().size();
-        },
-        "s3cret word\nnext line\n");
-    EXPECT_EQ(0, result.status);
-    EXPECT_EQ("Enter value for 'password': \n", result.out);
-    EXPECT_EQ("p=s3cret word;name=x;0", result.err);
-}
-
-TEST(SecretPromptTest, AGivenSecretValueAndAnEmptyInputDoNotFail) {
-    auto result = TestSupport::RunInChild([] {
-        OptionParser given;
-        given.ParseVector({"ns", "--password", "inline"});
-        given.SetInputSpec(SampleSpec());
-        std::cerr << given.GetCommandParameter("password").at(0) << ";";
-
-        OptionParser atEnd;
-        atEnd.ParseVector({"ns", "--password"});
-        atEnd.SetInputSpec(SampleSpec());
-        std::cerr << "[" << atEnd.GetCommandParameter("password").at(0) << "]";
-    });
-    EXPECT_EQ(0, result.status);
-    EXPECT_EQ("Enter value for 'password': \n", result.out);
-    EXPECT_EQ("inline;[]", result.err);
 }
 
 }  // namespace
