@@ -13,36 +13,13 @@
 #include <string>
 
 #include "support/ChildProcess.h"
+#include "support/PseudoTerminal.h"
 #include "tindra/autocli/cli/OptionParser.h"
 
 namespace {
 
-using TestSupport::OwnedFd;
+using TestSupport::PseudoTerminal;
 using Tindra::Platform::TerminalEchoGuard;
-
-// A pseudo terminal: the slave side plays the user's terminal, the master side the keyboard.
-struct PseudoTerminal {
-    OwnedFd master;
-    OwnedFd slave;
-
-    PseudoTerminal() {
-        master.Reset(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
-        if (master.Get() < 0 || grantpt(master.Get()) != 0 || unlockpt(master.Get()) != 0) {
-            throw std::runtime_error("no pseudo terminal");
-        }
-        slave.Reset(open(ptsname(master.Get()), O_RDWR | O_NOCTTY | O_CLOEXEC));
-        if (slave.Get() < 0) {
-            throw std::runtime_error("cannot open the pseudo terminal's slave side");
-        }
-    }
-
-    tcflag_t LocalModes() const {
-        termios attributes{};
-        tcgetattr(slave.Get(), &attributes);
-        return attributes.c_lflag;
-    }
-    bool Echoes() const { return (LocalModes() & ECHO) != 0; }
-};
 
 void (*CurrentHandler(int signal))(int) {
     struct sigaction current {};

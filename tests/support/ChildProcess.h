@@ -179,16 +179,18 @@ inline ChildResult RunInChild(std::function<void()> const& body, std::string con
 }
 
 // Starts a program with an explicit argument vector (argv[0] included) and extra environment
-// entries of the form NAME=value.
+// entries of the form NAME=value. With an output descriptor given, the program writes its
+// standard output there (a terminal, say) instead of into the result.
 inline ChildResult RunProgram(std::string const& path, std::vector<std::string> const& argv,
                               std::string const& input = "",
-                              std::vector<std::string> const& extraEnvironment = {}) {
+                              std::vector<std::string> const& extraEnvironment = {},
+                              int outputFd = -1) {
     signal(SIGPIPE, SIG_IGN);
     StandardPipes pipes;
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, pipes.in.read.Get(), 0);
-    posix_spawn_file_actions_adddup2(&actions, pipes.out.write.Get(), 1);
+    posix_spawn_file_actions_adddup2(&actions, outputFd >= 0 ? outputFd : pipes.out.write.Get(), 1);
     posix_spawn_file_actions_adddup2(&actions, pipes.err.write.Get(), 2);
 
     std::vector<char*> args;
