@@ -16,18 +16,20 @@ class Input;
 
 // The declared input of a command: its parameters, sorted by long name, and its contexts.
 class InputSpec {
-public:
+  public:
     static std::shared_ptr<InputSpec> New();
 
     void AddParameter(std::shared_ptr<ParameterSpec> const& parameter);
     void SetContextSupported(std::string const& key) { contexts.insert(key); }
     bool IsContextSupported(std::string const& key) const { return contexts.count(key) != 0; }
     bool Validate(std::shared_ptr<Input> const& input, std::shared_ptr<Output> const& output) const;
+    // The declaration of that long name, or empty.
+    std::shared_ptr<ParameterSpec> FindParameter(std::string const& name) const;
 
     // Read directly by help output and option parsing.
     std::vector<std::shared_ptr<ParameterSpec>> parameters;
 
-private:
+  private:
     std::set<std::string> contexts;
 };
 

@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/Utf8.h"
+
+using namespace Tindra::Platform;
+
+namespace {
+
+bool IsValid(std::string const& text) {
+    return Utf8_IsBufferValid(text.data(), static_cast<int>(text.size()), kEncodingUtf8);
+}
+
+std::string Escaped(std::string const& text) {
+    MallocedText escaped(
+        Utf8_EscapeBuffer(text.data(), static_cast<int>(text.size()), kEncodingUtf8));
+    return escaped.get();
+}
+
+}  // namespace
+
+TEST(Utf8Validity, AcceptsEachSequenceLengthAtItsLimits) {
+    for (char const* good : {"", "\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
+                             "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+        EXPECT_TRUE(IsValid(good)) << Escaped(good);
+    }
+}
+
+TEST(Utf8Validity, RejectsOverlongsSurrogatesOutOfRangeAndTruncation) {
+    for (char const* bad :
+         {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80",
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\x80", "\xE2\x82",
+          "\xE2\x82"
+          "A"}) {
+        EXPECT_FALSE(IsValid(bad)) << Escaped(bad);
+    }
+    EXPECT_TRUE(Utf8_IsBufferValid("abc\0\xFF", -1, kEncodingUtf8));
+}
+
+TEST(Utf8Escape, EscapesEachStrayByteAndKeepsValidNeighbours) {
+    EXPECT_EQ("\\xE2\\x82A", Escaped("\xE2\x82"
+                                     "A"));
+    EXPECT_EQ("\\xED\\xA0\\x80", Escaped("\xED\xA0\x80"));
+    EXPECT_EQ("\xE2\x82\xAC\\x80\xE2\x82\xAC", Escaped("\xE2\x82\xAC\x80\xE2\x82\xAC"));
+
+    std::string everyByte;
+    for (int b = 1; b < 256; ++b) {
+        everyByte += static_cast<char>(b);
+    }
+    std::string const escaped = Escaped(everyByte);
+    EXPECT_TRUE(IsValid(escaped));
+    EXPECT_EQ(127u + 128u * 4u, escaped.size());
+}
