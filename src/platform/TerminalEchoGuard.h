@@ -13,7 +13,7 @@ namespace Platform {
 // signal to the handler that was there before. When the descriptor is not a terminal the
 // guard does nothing. One guard at a time: a prompt never nests.
 class TerminalEchoGuard {
-  public:
+public:
     explicit TerminalEchoGuard(int fd);
     ~TerminalEchoGuard();
     TerminalEchoGuard(TerminalEchoGuard const&) = delete;
@@ -22,7 +22,7 @@ class TerminalEchoGuard {
     // True when echo was switched off and will be restored.
     bool IsActive() const { return active; }
 
-  private:
+private:
     int fd;
     bool active = false;
     termios saved{};

@@ -15,7 +15,7 @@ std::string const kFailingLine = "ostrel command list --bogus 1\n";
 std::string const kFailingErrors = "Errors: \nUnknown parameter : bogus\n";
 
 class InputFile {
-  public:
+public:
     explicit InputFile(std::string const& content)
         : path(std::string(TINDRA_TEST_BINARY_DIR) + "/input-" +
                ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".txt") {

@@ -25,7 +25,7 @@ extern char** environ;
 namespace TestSupport {
 
 class OwnedFd {
-  public:
+public:
     OwnedFd() = default;
     explicit OwnedFd(int fd) : fd(fd) {}
     OwnedFd(OwnedFd&& other) noexcept : fd(other.Release()) {}
@@ -48,7 +48,7 @@ class OwnedFd {
         fd = newFd;
     }
 
-  private:
+private:
     int fd = -1;
 };
 

@@ -26,13 +26,13 @@ std::shared_ptr<OutputSpec> OutputOf(std::shared_ptr<Tindra::MetaObj::MetaObject
 
 // Answers "label:password", so a test sees what the prompt read.
 class SecretEcho : public Command {
-  public:
+public:
     SecretEcho() {
         SetDescription("Show the secret.");
         SetDefaultOutputFormatter("simple");
     }
 
-  protected:
+protected:
     std::shared_ptr<InputSpec> GetInputSpecInternal() override {
         auto spec = InputSpec::New();
         auto password = ParameterSpec::New("password", Tindra::CallSpec::ParamString);
@@ -57,10 +57,10 @@ class SecretEcho : public Command {
 
 // Succeeds without naming a formatter: nothing is printed.
 class QuietRun : public Command {
-  public:
+public:
     QuietRun() { SetDescription("Do nothing visible."); }
 
-  protected:
+protected:
     std::shared_ptr<InputSpec> GetInputSpecInternal() override { return InputSpec::New(); }
     std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
         return OutputOf(MetaBool::New());
@@ -71,13 +71,13 @@ class QuietRun : public Command {
 };
 
 class FailingRun : public Command {
-  public:
+public:
     FailingRun() {
         SetDescription("Always fails.");
         SetDefaultOutputFormatter("simple");
     }
 
-  protected:
+protected:
     std::shared_ptr<InputSpec> GetInputSpecInternal() override { return InputSpec::New(); }
     std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
         return OutputOf(MetaBool::New());

@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The command-line face of the dispatcher: one run of the tool, or a stream of command lines.
 class CliDispatcher : public Dispatcher {
-  public:
+public:
     CliDispatcher() = default;
     ~CliDispatcher() override = default;
 
@@ -30,7 +30,7 @@ class CliDispatcher : public Dispatcher {
     void GetDisplayContext(DisplayContext& context);
     FormatParameters GetHelpFormatParams() const;
 
-  private:
+private:
     bool HandleInputOption(OptionParser& parser);
     bool RunCommand(OptionParser& parser, std::shared_ptr<NamespaceNode> node,
                     std::list<std::string> const& path, FormatParameters& format,

@@ -16,7 +16,7 @@ namespace AutoCli {
 // Splits one command line into the tool's name, dispatcher options, the command path and
 // the command's own options. Bad input becomes parse errors; nothing here throws.
 class OptionParser {
-  public:
+public:
     using Pair = std::pair<std::string, std::string>;
 
     OptionParser();
@@ -50,7 +50,7 @@ class OptionParser {
     static std::string GetSilentString();
     std::string ToString();
 
-  private:
+private:
     void ReadMissingValue(std::string const& word, std::string const& name, std::string& value);
 
     bool parsed = false;
