@@ -39,6 +39,7 @@ extern "C" void RestoreTerminalAndReraise(int signal) {
     raise(signal);
 }
 
+// An ignored signal stays ignored: it cannot end the process, so it needs no restoring.
 void InstallRestoringHandlers(int fd, termios const& attributes) {
     restoreState.fd = fd;
     restoreState.attributes = attributes;
@@ -46,7 +47,10 @@ void InstallRestoringHandlers(int fd, termios const& attributes) {
     action.sa_handler = RestoreTerminalAndReraise;
     sigemptyset(&action.sa_mask);
     for (std::size_t i = 0; i < kSignalCount; ++i) {
-        sigaction(kRestoringSignals[i], &action, &restoreState.previous[i]);
+        sigaction(kRestoringSignals[i], nullptr, &restoreState.previous[i]);
+        if (restoreState.previous[i].sa_handler != SIG_IGN) {
+            sigaction(kRestoringSignals[i], &action, nullptr);
+        }
     }
 }
 

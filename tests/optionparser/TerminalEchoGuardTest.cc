@@ -52,14 +52,22 @@ TEST(TerminalEchoGuardTest, RestoresWhenLeftByAnException) {
 
 TEST(TerminalEchoGuardTest, HandlersAreReplacedOnlyWhileTheGuardLives) {
     PseudoTerminal terminal;
-    auto before = CurrentHandler(SIGINT);
-    {
-        TerminalEchoGuard guard(terminal.slave.Get());
-        for (int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
-            EXPECT_NE(before, CurrentHandler(signal)) << signal;
+    auto result = TestSupport::RunInChild([&terminal] {
+        int const signals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+        for (int signal : signals) {
+            ::signal(signal, SIG_DFL);
         }
-    }
-    EXPECT_EQ(before, CurrentHandler(SIGINT));
+        {
+            TerminalEchoGuard guard(terminal.slave.Get());
+            for (int signal : signals) {
+                std::cout << (CurrentHandler(signal) == SIG_DFL ? "default;" : "ours;");
+            }
+        }
+        for (int signal : signals) {
+            std::cout << (CurrentHandler(signal) == SIG_DFL ? "default;" : "ours;");
+        }
+    });
+    EXPECT_EQ("ours;ours;ours;ours;default;default;default;default;", result.out);
 }
 
 TEST(TerminalEchoGuardTest, DoesNothingOnADescriptorThatIsNoTerminal) {
@@ -100,6 +108,18 @@ TEST(TerminalEchoGuardTest, ASignalReachesThePreviousHandlerAfterTheTerminalIsRe
     });
     EXPECT_EQ(0, result.status);
     EXPECT_EQ("previous handler;echo on;handler back", result.out);
+}
+
+TEST(TerminalEchoGuardTest, AnIgnoredSignalStaysIgnoredAndEchoStaysOff) {
+    PseudoTerminal terminal;
+    auto result = TestSupport::RunInChild([&terminal] {
+        signal(SIGHUP, SIG_IGN);
+        TerminalEchoGuard guard(terminal.slave.Get());
+        raise(SIGHUP);
+        std::cout << (terminal.Echoes() ? "echo on" : "echo off");
+    });
+    EXPECT_EQ(0, result.status);
+    EXPECT_EQ("echo off", result.out);
 }
 
 // The whole prompt over a terminal: the typed line is returned and nothing is echoed back.
