@@ -198,12 +198,13 @@ inline ChildResult RunProgram(std::string const& path, std::vector<std::string> 
         args.push_back(const_cast<char*>(word.c_str()));
     }
     args.push_back(nullptr);
+    // The extra entries come first: the first of two equal names is the one a program sees.
     std::vector<char*> environment;
-    for (char** entry = environ; *entry != nullptr; ++entry) {
-        environment.push_back(*entry);
-    }
     for (auto const& entry : extraEnvironment) {
         environment.push_back(const_cast<char*>(entry.c_str()));
+    }
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        environment.push_back(*entry);
     }
     environment.push_back(nullptr);
 
