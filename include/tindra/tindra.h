@@ -27,6 +27,14 @@
 #include "tindra/autocli/formatters/FormatParameters.h"
 #include "tindra/autocli/formatters/Formatter.h"
 
+#include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
+#include "tindra/autocli/formatters/CommandHelpFormatter.h"
+#include "tindra/autocli/formatters/JsonFormatter.h"
+#include "tindra/autocli/formatters/PythonFormatter.h"
+#include "tindra/autocli/formatters/SimpleFormatter.h"
+#include "tindra/autocli/formatters/TableFormatter.h"
+#include "tindra/autocli/formatters/XmlFormatter.h"
+
 #include "tindra/autocli/tree/Command.h"
 #include "tindra/autocli/tree/CommandInput.h"
 #include "tindra/autocli/tree/CommandOutput.h"
@@ -36,6 +44,13 @@
 #include "tindra/autocli/tree/NamespaceNode.h"
 #include "tindra/autocli/tree/Plugin.h"
 #include "tindra/autocli/tree/RootNamespace.h"
+
+#include "tindra/autocli/extension/ExtensionCommand.h"
+#include "tindra/autocli/extension/ShellCmd.h"
+
+#include "tindra/autocli/plugins/CommandList.h"
+#include "tindra/autocli/plugins/InternalPlugin.h"
+#include "tindra/autocli/plugins/SharedLibraryPlugin.h"
 
 #include "tindra/autocli/cli/CliDispatcher.h"
 #include "tindra/autocli/cli/OptionParser.h"

@@ -1,0 +1,22 @@
+#ifndef TINDRA_SRC_AUTOCLI_EXTENSION_CHILDEXCHANGE_H
+#define TINDRA_SRC_AUTOCLI_EXTENSION_CHILDEXCHANGE_H
+
+#include <string>
+
+#include "platform/Fd.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+// Writes the input to the child and reads its output at the same time, so a child that writes
+// a lot before it has read all of its input cannot stall both sides. Ends when the child has
+// closed its output and the input is written, or the child stopped reading it: a child that
+// closes its standard input early is not an error, the rest of the input is dropped.
+// Both descriptors are closed on return. Throws TindraException on a read or write failure.
+void ExchangeWithChild(Platform::UniqueFd& toChild, Platform::UniqueFd& fromChild,
+                       std::string const& input, std::string& output);
+
+}  // namespace AutoCli
+}  // namespace Tindra
+
+#endif

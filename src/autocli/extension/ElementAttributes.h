@@ -1,0 +1,48 @@
+#ifndef TINDRA_SRC_AUTOCLI_EXTENSION_ELEMENTATTRIBUTES_H
+#define TINDRA_SRC_AUTOCLI_EXTENSION_ELEMENTATTRIBUTES_H
+
+#include <libxml/parser.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "autocli/extension/NodeEventSink.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+// The attributes of one start tag as the parser reports them, read with the rules of the tree
+// (xmlGetProp): the first attribute of that name whatever its namespace, entity references
+// expanded, and a default from the document type declaration when the tag has none.
+class ElementAttributes : public AttributeSource {
+public:
+    // Values holding references are expanded at once, for every start tag, because the tree
+    // builder does so and expanding an entity the first time records its content.
+    ElementAttributes(xmlParserCtxt* context, char const* elementName, int count,
+                      xmlChar const** attributes);
+
+    std::string Get(char const* name) const override;
+
+private:
+    std::string Value(int index) const;
+    std::string ExpandReferences(int index) const;
+    std::string DeclaredDefault(char const* name) const;
+
+    xmlParserCtxt* context;
+    char const* elementName;
+    int count;
+    xmlChar const** attributes;
+    std::vector<std::pair<int, std::string>> expanded;
+};
+
+// For nodes that cannot carry attributes.
+class NoAttributes : public AttributeSource {
+public:
+    std::string Get(char const*) const override { return std::string(); }
+};
+
+}  // namespace AutoCli
+}  // namespace Tindra
+
+#endif

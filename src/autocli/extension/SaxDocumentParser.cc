@@ -1,0 +1,216 @@
+#include "autocli/extension/SaxDocumentParser.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parserInternals.h>
+
+#include <climits>
+#include <memory>
+
+#include "autocli/extension/ElementAttributes.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+namespace {
+
+// The name libxml2 gives a document read from a command's standard output.
+char const* const kDocumentName = "STDOUT";
+
+char const* Text(xmlChar const* text) {
+    return reinterpret_cast<char const*>(text);
+}
+
+}  // namespace
+
+void SaxDocumentParser::ContextDeleter::operator()(xmlParserCtxt* parserContext) const {
+    // Only the document type declaration was built into it.
+    xmlFreeDoc(parserContext->myDoc);
+    parserContext->myDoc = nullptr;
+    xmlFreeParserCtxt(parserContext);
+}
+
+bool SaxDocumentParser::Parse(std::string const& text) {
+    // The tree reader takes a positive int length and rejects the rest the same way.
+    if (text.empty() || text.size() > static_cast<size_t>(INT_MAX)) {
+        return false;
+    }
+    // The same input as the tree reader's: a copy that the parser reads at its own pace.
+    std::unique_ptr<xmlParserCtxt, ContextDeleter> owner(
+        xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
+    if (!owner) {
+        return false;
+    }
+    context = owner.get();
+    if (context->input != nullptr && context->input->filename == nullptr) {
+        context->input->filename =
+            reinterpret_cast<char*>(xmlStrdup(reinterpret_cast<xmlChar const*>(kDocumentName)));
+    }
+    xmlCtxtUseOptions(context, 0);
+    InstallHandlers(*context->sax);
+    context->_private = this;
+    textNodeLength = 0;
+    sinkFailure = nullptr;
+
+    xmlParseDocument(context);
+    bool wellFormed = context->wellFormed != 0;
+    if (wellFormed && !sinkFailure) {
+        Guarded([&] { sink.DocumentEnd(); });
+    }
+    context = nullptr;
+    if (sinkFailure) {
+        std::rethrow_exception(sinkFailure);
+    }
+    return wellFormed;
+}
+
+// Everything about the document type declaration keeps the default handlers, so entities and
+// attribute defaults are recorded exactly as for the tree.
+void SaxDocumentParser::InstallHandlers(xmlSAXHandler& handler) {
+    handler.startElementNs = &SaxDocumentParser::OnStartElement;
+    handler.endElementNs = &SaxDocumentParser::OnEndElement;
+    handler.characters = &SaxDocumentParser::OnCharacters;
+    // The same handler for both, as in the tree builder: white space is never dropped.
+    handler.ignorableWhitespace = &SaxDocumentParser::OnCharacters;
+    handler.cdataBlock = &SaxDocumentParser::OnCdataBlock;
+    handler.comment = &SaxDocumentParser::OnComment;
+    handler.processingInstruction = &SaxDocumentParser::OnProcessingInstruction;
+    handler.reference = &SaxDocumentParser::OnReference;
+    handler.serror = &SaxDocumentParser::OnError;
+}
+
+// The parser also reports the content of an entity, on first use, through a parser of its own;
+// that content belongs to the entity's declaration and is built as the tree builder would.
+SaxDocumentParser* SaxDocumentParser::ForMainDocument(void* parserContext) {
+    auto* reported = static_cast<xmlParserCtxt*>(parserContext);
+    auto* self = static_cast<SaxDocumentParser*>(reported->_private);
+    if (self == nullptr || self->context != reported || reported->inSubset != 0) {
+        return nullptr;
+    }
+    return self;
+}
+
+template <typename Action>
+void SaxDocumentParser::Guarded(Action action) {
+    // No exception may cross the parser's C frames: keep it and stop the parser.
+    try {
+        action();
+    } catch (...) {
+        sinkFailure = std::current_exception();
+        xmlStopParser(context);
+    }
+}
+
+void SaxDocumentParser::OnStartElement(void* parserContext, xmlChar const* localName,
+                                       xmlChar const* prefix, xmlChar const* uri,
+                                       int namespaceCount, xmlChar const** namespaces,
+                                       int attributeCount, int defaultedCount,
+                                       xmlChar const** attributes) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2StartElementNs(parserContext, localName, prefix, uri, namespaceCount, namespaces,
+                              attributeCount, defaultedCount, attributes);
+        return;
+    }
+    self->Guarded([&] { self->StartElement(localName, prefix, uri, attributeCount, attributes); });
+}
+
+void SaxDocumentParser::StartElement(xmlChar const* localName, xmlChar const* prefix,
+                                     xmlChar const* uri, int attributeCount,
+                                     xmlChar const** attributes) {
+    textNodeLength = 0;
+    // The tree keeps an unbound prefix as part of the element's name.
+    std::string qualified;
+    char const* name = Text(localName);
+    if (prefix != nullptr && uri == nullptr) {
+        qualified = std::string(Text(prefix)) + ":" + name;
+        name = qualified.c_str();
+    }
+    ElementAttributes elementAttributes(context, name, attributeCount, attributes);
+    sink.ElementStart(name, elementAttributes);
+}
+
+void SaxDocumentParser::OnEndElement(void* parserContext, xmlChar const* localName,
+                                     xmlChar const* prefix, xmlChar const* uri) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2EndElementNs(parserContext, localName, prefix, uri);
+        return;
+    }
+    self->textNodeLength = 0;
+    self->Guarded([&] { self->sink.ElementEnd(); });
+}
+
+void SaxDocumentParser::OnCharacters(void* parserContext, xmlChar const* text, int length) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2Characters(parserContext, text, length);
+        return;
+    }
+    self->AddCharacters(text, length);
+}
+
+void SaxDocumentParser::AddCharacters(xmlChar const* text, int length) {
+    // The tree builder refuses to grow one text node past the parser's text limit.
+    size_t const added = static_cast<size_t>(length);
+    if (textNodeLength > 0 && textNodeLength + added > XML_MAX_TEXT_LENGTH) {
+        StopAsTreeBuilderDoes();
+        return;
+    }
+    textNodeLength += added;
+    Guarded([&] { sink.Characters(Text(text), added); });
+}
+
+void SaxDocumentParser::OnCdataBlock(void* parserContext, xmlChar const* text, int length) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2CDataBlock(parserContext, text, length);
+        return;
+    }
+    self->textNodeLength = 0;
+    self->Guarded([&] { self->sink.CdataBlock(Text(text), static_cast<size_t>(length)); });
+}
+
+void SaxDocumentParser::OnComment(void* parserContext, xmlChar const* text) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2Comment(parserContext, text);
+        return;
+    }
+    self->textNodeLength = 0;
+    self->Guarded([&] { self->sink.Comment(Text(text)); });
+}
+
+void SaxDocumentParser::OnProcessingInstruction(void* parserContext, xmlChar const* target,
+                                                xmlChar const* data) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2ProcessingInstruction(parserContext, target, data);
+        return;
+    }
+    self->textNodeLength = 0;
+    self->Guarded([&] { self->sink.OtherNode(Text(target)); });
+}
+
+void SaxDocumentParser::OnReference(void* parserContext, xmlChar const* name) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2Reference(parserContext, name);
+        return;
+    }
+    self->textNodeLength = 0;
+    self->Guarded([&] { self->sink.OtherNode(Text(name)); });
+}
+
+// What the tree builder does when it refuses to grow a text node: no more nodes are reported
+// and the parser ends, leaving the document as far as it was built.
+void SaxDocumentParser::StopAsTreeBuilderDoes() {
+    context->errNo = XML_ERR_NO_MEMORY;
+    context->instate = XML_PARSER_EOF;
+    context->disableSAX = 1;
+}
+
+// Diagnostics are dropped: a malformed document is the caller's to report, not the parser's.
+void SaxDocumentParser::OnError(void*, xmlError*) {}
+
+}  // namespace AutoCli
+}  // namespace Tindra

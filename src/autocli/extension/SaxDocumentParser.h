@@ -1,0 +1,64 @@
+#ifndef TINDRA_SRC_AUTOCLI_EXTENSION_SAXDOCUMENTPARSER_H
+#define TINDRA_SRC_AUTOCLI_EXTENSION_SAXDOCUMENTPARSER_H
+
+#include <libxml/parser.h>
+
+#include <cstddef>
+#include <exception>
+#include <string>
+
+#include "autocli/extension/NodeEventSink.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+// Parses a document from memory exactly as the tree reader does (same input, same options,
+// same well-formedness verdict), but hands the nodes to a sink instead of building them, so
+// no tree is ever built. Where the tree builder itself stops early (a text node over the
+// parser's size limit) the nodes end at the same point. Diagnostics are not printed.
+class SaxDocumentParser {
+public:
+    explicit SaxDocumentParser(NodeEventSink& sink) : sink(sink) {}
+    SaxDocumentParser(SaxDocumentParser const&) = delete;
+    SaxDocumentParser& operator=(SaxDocumentParser const&) = delete;
+
+    // True when the text is a well-formed document. An exception thrown by the sink stops the
+    // parse and leaves this call.
+    bool Parse(std::string const& text);
+
+private:
+    struct ContextDeleter {
+        void operator()(xmlParserCtxt* context) const;
+    };
+
+    static SaxDocumentParser* ForMainDocument(void* context);
+    static void OnStartElement(void* context, xmlChar const* localName, xmlChar const* prefix,
+                               xmlChar const* uri, int namespaceCount, xmlChar const** namespaces,
+                               int attributeCount, int defaultedCount, xmlChar const** attributes);
+    static void OnEndElement(void* context, xmlChar const* localName, xmlChar const* prefix,
+                             xmlChar const* uri);
+    static void OnCharacters(void* context, xmlChar const* text, int length);
+    static void OnCdataBlock(void* context, xmlChar const* text, int length);
+    static void OnComment(void* context, xmlChar const* text);
+    static void OnProcessingInstruction(void* context, xmlChar const* target, xmlChar const* data);
+    static void OnReference(void* context, xmlChar const* name);
+    static void OnError(void* context, xmlError* error);
+
+    void InstallHandlers(xmlSAXHandler& handler);
+    void StartElement(xmlChar const* localName, xmlChar const* prefix, xmlChar const* uri,
+                      int attributeCount, xmlChar const** attributes);
+    void AddCharacters(xmlChar const* text, int length);
+    void StopAsTreeBuilderDoes();
+    template <typename Action>
+    void Guarded(Action action);
+
+    NodeEventSink& sink;
+    xmlParserCtxt* context = nullptr;
+    size_t textNodeLength = 0;  // of the text node being reported, 0 between text nodes
+    std::exception_ptr sinkFailure;
+};
+
+}  // namespace AutoCli
+}  // namespace Tindra
+
+#endif

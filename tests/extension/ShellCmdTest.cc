@@ -1,0 +1,162 @@
+#include "tindra/autocli/extension/ShellCmd.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "platform/Fd.h"
+
+using Tindra::AutoCli::AutoCli_ShellCmd;
+using Tindra::AutoCli::AutoCli_ShellCmdWithLumUsername;
+using Tindra::AutoCli::MakeChildRpZorbOption;
+using Tindra::AutoCli::SetChildRpZorbOptionMaker;
+
+namespace {
+
+// A deadlock between runner and child would hang the suite; fail it instead.
+class ShellCmdTest : public ::testing::Test {
+protected:
+    void SetUp() override { alarm(60); }
+    void TearDown() override {
+        alarm(0);
+        SetChildRpZorbOptionMaker(nullptr);
+    }
+};
+
+std::string RunShell(std::string const& command, std::string const& input = std::string()) {
+    std::string output;
+    int status = AutoCli_ShellCmd(command, output, input);
+    EXPECT_TRUE(WIFEXITED(status)) << command;
+    return output;
+}
+
+std::string Pattern(size_t size) {
+    std::string text;
+    text.reserve(size);
+    for (size_t i = 0; i < size; ++i) {
+        text.push_back(static_cast<char>('a' + (i * 7 + i / 26) % 26));
+    }
+    return text;
+}
+
+TEST_F(ShellCmdTest, AppendsOutputAndReturnsRawWaitStatus) {
+    std::string output = "kept:";
+    int status = AutoCli_ShellCmd("true", output, "");
+    EXPECT_EQ("kept:", output);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(0, WEXITSTATUS(status));
+
+    status = AutoCli_ShellCmd("printf abc; exit 3", output, "");
+    EXPECT_EQ("kept:abc", output);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(3, WEXITSTATUS(status));
+    EXPECT_NE(3, status);
+
+    output.clear();
+    status = AutoCli_ShellCmd("printf partial; kill -9 $$", output, "");
+    EXPECT_EQ("partial", output);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(SIGKILL, WTERMSIG(status));
+}
+
+TEST_F(ShellCmdTest, LargeInputAndOutputArriveWholeAndInOrder) {
+    std::string input = Pattern(3 * 1024 * 1024 + 17);
+    EXPECT_EQ(input, RunShell("cat", input));
+    EXPECT_EQ(std::to_string(input.size()) + "\n", RunShell("wc -c | tr -d ' '", input));
+
+    std::string expected;
+    for (int i = 1; i <= 20000; ++i) {
+        expected += std::to_string(i) + "\n";
+    }
+    EXPECT_EQ(expected, RunShell("i=1; while [ $i -le 20000 ]; do echo $i; i=$((i+1)); done"));
+}
+
+TEST_F(ShellCmdTest, ChildWritingBeforeReadingDoesNotDeadlock) {
+    // More than a pipe holds in both directions before the child reads anything.
+    std::string input = Pattern(2 * 1024 * 1024);
+    std::string output = RunShell("head -c 2097152 /dev/zero; cat", input);
+    ASSERT_EQ(2u * 2097152u, output.size());
+    EXPECT_EQ(std::string(2097152, '\0'), output.substr(0, 2097152));
+    EXPECT_EQ(input, output.substr(2097152));
+}
+
+TEST_F(ShellCmdTest, ChildClosingItsInputEarlyIsNotAnError) {
+    std::string input = Pattern(4 * 1024 * 1024);
+    EXPECT_EQ("done\n", RunShell("exec 0<&-; echo done", input));
+    EXPECT_EQ(input.substr(0, 3), RunShell("head -c 3", input));
+
+    sigset_t pending;
+    sigpending(&pending);
+    EXPECT_FALSE(sigismember(&pending, SIGPIPE)) << "SIGPIPE left pending";
+    sigset_t mask;
+    pthread_sigmask(SIG_BLOCK, nullptr, &mask);
+    EXPECT_FALSE(sigismember(&mask, SIGPIPE)) << "SIGPIPE left blocked";
+}
+
+TEST_F(ShellCmdTest, ChildGetsOnlyItsThreeDescriptors) {
+    Tindra::Platform::UniqueFd stray(open("/dev/null", O_RDONLY));  // no O_CLOEXEC
+    ASSERT_TRUE(stray.IsOpen());
+    std::string listed = RunShell(
+        "i=0; while [ $i -lt 256 ]; do [ -e /proc/$$/fd/$i ] && echo $i; i=$((i+1)); done");
+    EXPECT_EQ("0\n1\n2\n", listed);
+
+    char ours[256] = {};
+    ASSERT_GT(readlink("/proc/self/fd/2", ours, sizeof ours - 1), 0);
+    EXPECT_EQ(std::string(ours) + "\n", RunShell("readlink /proc/$$/fd/2"));
+}
+
+TEST_F(ShellCmdTest, UserNameReachesChildUnchangedAndUninterpreted) {
+    std::string const names[] = {"O'Brien", "a'b''c'", "$(echo x) `echo y` $HOME \\ \"q\"", "'",
+                                 "name with\nnewline"};
+    for (std::string const& name : names) {
+        std::string output;
+        // The assignment prefixes the command, so it is in the command's environment.
+        AutoCli_ShellCmdWithLumUsername("printenv LUM_USERNAME", name, output, "");
+        EXPECT_EQ(name + "\n", output);
+    }
+}
+
+TEST_F(ShellCmdTest, EmptyUserNameSetsNothing) {
+    unsetenv("LUM_USERNAME");
+    std::string output;
+    AutoCli_ShellCmdWithLumUsername("printenv LUM_USERNAME || printf unset", "", output, "in");
+    EXPECT_EQ("unset", output);
+}
+
+int makerArgument = 0;
+std::string NoGlobOption(int value) {
+    makerArgument = value;
+    return "-f";
+}
+std::string EmptyOption(int) {
+    return std::string();
+}
+
+TEST_F(ShellCmdTest, ChildOptionStandsBeforeDashC) {
+    EXPECT_EQ("", MakeChildRpZorbOption(-1));
+    EXPECT_EQ("/\n", RunShell("echo /"));
+    EXPECT_NE("/*\n", RunShell("echo /*"));
+
+    SetChildRpZorbOptionMaker(&NoGlobOption);
+    EXPECT_EQ("-f", MakeChildRpZorbOption(5));
+    makerArgument = 0;
+    EXPECT_EQ("/*\n", RunShell("echo /*"));  // -f: no pathname expansion
+    EXPECT_EQ(-1, makerArgument);
+
+    SetChildRpZorbOptionMaker(&EmptyOption);
+    EXPECT_NE("/*\n", RunShell("echo /*"));
+    EXPECT_EQ(std::string::npos, RunShell("echo $-").find('f'));
+}
+
+TEST(PanicTest, PrintsFormattedTruncatedTextAndAborts) {
+    EXPECT_DEATH(Panic("disk %s at %d%%", "sda", 95), "^panic: disk sda at 95%$");
+    std::string longText(1000, 'a');
+    EXPECT_DEATH(Panic("%s", longText.c_str()), "^panic: a{255}$");
+}
+
+}  // namespace

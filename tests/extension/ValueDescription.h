@@ -1,0 +1,49 @@
+#ifndef TINDRA_TESTS_EXTENSION_VALUEDESCRIPTION_H
+#define TINDRA_TESTS_EXTENSION_VALUEDESCRIPTION_H
+
+#include <memory>
+#include <string>
+
+#include "tindra/metaobj/MetaList.h"
+#include "tindra/metaobj/MetaObject.h"
+#include "tindra/metaobj/MetaStruct.h"
+
+// A canonical text of a value with every kind, type name and list template spelled out, so
+// that two values compare equal exactly when they are the same value.
+inline std::string DescribeValue(std::shared_ptr<Tindra::MetaObj::MetaObject> const& value) {
+    using namespace Tindra::MetaObj;
+    if (!value) {
+        return "<none>";
+    }
+    switch (value->GetType()) {
+        case Int:
+            return "Int(" + value->ToString() + ")";
+        case Bool:
+            return "Bool(" + value->ToString() + ")";
+        case String:
+            return "String[" + value->ToString() + "]";
+        case Struct: {
+            auto& structure = static_cast<MetaStruct&>(*value);
+            std::string text = "Struct " + structure.GetTypeName() + "{";
+            for (auto const& name : structure.GetFieldNames()) {
+                text += "[" + name + "]=" + DescribeValue(structure.GetField(name)) + ";";
+            }
+            return text + "}";
+        }
+        case List: {
+            auto& list = static_cast<MetaList&>(*value);
+            std::string text = "List<" + MetaTypeString(list.GetListType());
+            if (list.GetListStructure()) {
+                text += " of " + DescribeValue(list.GetListStructure());
+            }
+            text += ">(";
+            for (auto const& item : list.GetObjects()) {
+                text += DescribeValue(item) + ",";
+            }
+            return text + ")";
+        }
+    }
+    return "<unknown kind>";
+}
+
+#endif
