@@ -16,8 +16,6 @@ function(tindra_add_plugin target)
   set_target_properties(${target} PROPERTIES
     PREFIX ""
     SUFFIX ".so"
-    CXX_VISIBILITY_PRESET hidden
-    VISIBILITY_INLINES_HIDDEN ON
     LINK_DEPENDS "${exportMap}")
   # Unresolved symbols are found at build time rather than when ostrel loads the plug-in.
   target_link_options(${target} PRIVATE "LINKER:--version-script=${exportMap}"

@@ -17,22 +17,14 @@ struct LimitKind {
 
 // Named as the shell's ulimit and /proc/<pid>/limits do, so administrators recognise them.
 LimitKind const kLimitKinds[] = {
-    {RLIMIT_CPU, "cpu", "seconds"},
-    {RLIMIT_FSIZE, "fsize", "bytes"},
-    {RLIMIT_DATA, "data", "bytes"},
-    {RLIMIT_STACK, "stack", "bytes"},
-    {RLIMIT_CORE, "core", "bytes"},
-    {RLIMIT_RSS, "rss", "bytes"},
-    {RLIMIT_NPROC, "nproc", "processes"},
-    {RLIMIT_NOFILE, "nofile", "files"},
-    {RLIMIT_MEMLOCK, "memlock", "bytes"},
-    {RLIMIT_AS, "as", "bytes"},
-    {RLIMIT_LOCKS, "locks", "locks"},
-    {RLIMIT_SIGPENDING, "sigpending", "signals"},
-    {RLIMIT_MSGQUEUE, "msgqueue", "bytes"},
-    {RLIMIT_NICE, "nice", "priority"},
-    {RLIMIT_RTPRIO, "rtprio", "priority"},
-    {RLIMIT_RTTIME, "rttime", "microseconds"},
+    {RLIMIT_CPU, "cpu", "seconds"},         {RLIMIT_FSIZE, "fsize", "bytes"},
+    {RLIMIT_DATA, "data", "bytes"},         {RLIMIT_STACK, "stack", "bytes"},
+    {RLIMIT_CORE, "core", "bytes"},         {RLIMIT_RSS, "rss", "bytes"},
+    {RLIMIT_NPROC, "nproc", "processes"},   {RLIMIT_NOFILE, "nofile", "files"},
+    {RLIMIT_MEMLOCK, "memlock", "bytes"},   {RLIMIT_AS, "as", "bytes"},
+    {RLIMIT_LOCKS, "locks", "locks"},       {RLIMIT_SIGPENDING, "sigpending", "signals"},
+    {RLIMIT_MSGQUEUE, "msgqueue", "bytes"}, {RLIMIT_NICE, "nice", "priority"},
+    {RLIMIT_RTPRIO, "rtprio", "priority"},  {RLIMIT_RTTIME, "rttime", "microseconds"},
 };
 
 std::string LimitText(rlim_t value) {
@@ -49,7 +41,8 @@ std::vector<ProcessLimit> ReadProcessLimits() {
             throw std::system_error(errno, std::generic_category(),
                                     std::string("getrlimit ") + kind.name);
         }
-        limits.push_back({kind.name, LimitText(limit.rlim_cur), LimitText(limit.rlim_max), kind.unit});
+        limits.push_back(
+            {kind.name, LimitText(limit.rlim_cur), LimitText(limit.rlim_max), kind.unit});
     }
     return limits;
 }
