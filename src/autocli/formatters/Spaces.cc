@@ -1,0 +1,27 @@
+#include "autocli/formatters/Spaces.h"
+
+#include <algorithm>
+
+namespace Tindra {
+namespace AutoCli {
+
+size_t IndentWidth(int level) {
+    return level < 1 ? 0 : 3 * static_cast<size_t>(level);
+}
+
+void WriteIndent(std::ostream& out, int level) {
+    WriteSpaces(out, IndentWidth(level));
+}
+
+void WriteSpaces(std::ostream& out, size_t count) {
+    static char const blanks[] = "                                                                ";
+    constexpr size_t chunk = sizeof(blanks) - 1;
+    while (count > 0) {
+        size_t const n = std::min(count, chunk);
+        out.write(blanks, static_cast<std::streamsize>(n));
+        count -= n;
+    }
+}
+
+}  // namespace AutoCli
+}  // namespace Tindra

@@ -1,0 +1,63 @@
+// How the dispatcher finds plug-in files and turns them into registered plug-ins.
+#include <algorithm>
+#include <iostream>
+
+#include <boost/regex.hpp>
+
+#include "platform/DirectoryListing.h"
+#include "tindra/TindraException.h"
+#include "tindra/autocli/plugins/SharedLibraryPlugin.h"
+#include "tindra/autocli/tree/Dispatcher.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+void Dispatcher::AddDefaultDirectories() {
+    AddExternalDirectory("/usr/lib/norvane/ostrel");
+    AddExternalDirectory("/usr/lib/norvane/ostrel/ext");
+}
+
+void Dispatcher::AddExternalDirectory(std::string const& directory) {
+    AddExternalDirectoryInt(directory + "/lib64", false);
+    AddExternalDirectoryInt(directory, true);
+}
+
+void Dispatcher::AddExternalDirectoryInt(std::string const& directory, bool reportOpenFailure) {
+    std::vector<std::string> paths;
+    if (!Platform::ListDirectory(directory, paths)) {
+        if (reportOpenFailure) {
+            std::cerr << "Unable to open directory " << directory << " for plugin registration"
+                      << std::endl;
+        }
+        return;
+    }
+    std::sort(paths.begin(), paths.end());
+    for (auto const& path : paths) {
+        try {
+            AddPlugin(path);
+        } catch (TindraException const& error) {
+            // One broken plug-in costs only its own commands.
+            std::cerr << "Error loading plugin " << path << " skipping.  "
+                      << "Error was: " << error.what() << std::endl;
+        }
+    }
+}
+
+void Dispatcher::AddPlugin(std::string const& path) {
+    static boost::regex const sharedLibraryFile(".+\\.so$");
+    static boost::regex const descriptorFile(".+\\.xml$");
+    if (boost::regex_match(path, sharedLibraryFile)) {
+        auto plugin = SharedLibraryPlugin::New(path);
+        plugin->Initialize();
+        // Kept before registering: a registration that fails half way may already have put
+        // the library's objects into the tree.
+        loadedLibraries.push_back(plugin);
+        RegisterPlugin(plugin);
+    } else if (boost::regex_match(path, descriptorFile)) {
+        // XML DESCRIPTOR PLUG-INS: not wired yet; descriptor files are skipped until the
+        // descriptor plug-in kind is connected here.
+    }
+}
+
+}  // namespace AutoCli
+}  // namespace Tindra

@@ -1,0 +1,65 @@
+#ifndef TINDRA_TESTS_FORMATTERS_FORMATTERTESTSUPPORT_H
+#define TINDRA_TESTS_FORMATTERS_FORMATTERTESTSUPPORT_H
+
+#include <initializer_list>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <utility>
+
+#include "tindra/autocli/formatters/Formatter.h"
+#include "tindra/callspec/Output.h"
+#include "tindra/metaobj/MetaList.h"
+#include "tindra/metaobj/MetaStruct.h"
+
+namespace FormatterTest {
+
+using namespace Tindra;
+using namespace Tindra::AutoCli;
+using namespace Tindra::MetaObj;
+
+inline FormatParameters Params(std::initializer_list<std::pair<char const*, char const*>> pairs) {
+    FormatParameters params;
+    for (auto const& [key, value] : pairs) {
+        params.SetParameter(key, value);
+    }
+    return params;
+}
+
+// Runs a whole formatter on a root value and returns what it wrote.
+inline std::string Render(Formatter& formatter, std::shared_ptr<MetaObject> const& root,
+                          FormatParameters params = FormatParameters(), uint16_t width = 0,
+                          bool* result = nullptr) {
+    auto output = CallSpec::Output::New();
+    output->SetRootObject(root);
+    DisplayContext display;
+    display.width = width;
+    std::ostringstream out;
+    bool const formatted = formatter.Format(output, params, display, out);
+    if (result != nullptr) {
+        *result = formatted;
+    }
+    return out.str();
+}
+
+inline std::shared_ptr<MetaStruct> Disk(char const* name, long size, char const* model) {
+    auto disk = MetaStruct::New("Disk");
+    disk->SetField("Name", name);
+    disk->SetField("Size", size);
+    disk->SetField("Model", model);
+    return disk;
+}
+
+// The two disks of the table example: sda 512 "Fast disk", nvme0n1 2048 "NV".
+inline std::shared_ptr<MetaList> Disks(bool withItems = true) {
+    auto list = MetaList::New(MetaType::Struct, Disk("", 0, ""));
+    if (withItems) {
+        list->Add(Disk("sda", 512, "Fast disk"));
+        list->Add(Disk("nvme0n1", 2048, "NV"));
+    }
+    return list;
+}
+
+}  // namespace FormatterTest
+
+#endif

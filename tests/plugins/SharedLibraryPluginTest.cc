@@ -1,0 +1,103 @@
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/ThrownMessage.h"
+#include "support/tree/CerrCapture.h"
+#include "support/tree/TempDirectory.h"
+#include "tindra/autocli/plugins/SharedLibraryPlugin.h"
+#include "tindra/autocli/tree/Dispatcher.h"
+
+namespace Tindra {
+namespace AutoCli {
+namespace {
+
+std::string const kAnswer = TEST_ANSWERPLUGIN_PATH;
+std::string const kRefusing = TEST_REFUSINGPLUGIN_PATH;
+std::string const kNoEntry = TEST_NOENTRYPLUGIN_PATH;
+
+// Asks the loader without loading; a successful probe takes a reference that is given back.
+bool IsLoaded(std::string const& path) {
+    void* handle = dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    return handle != nullptr && dlclose(handle) == 0;
+}
+
+TEST(SharedLibraryPluginTest, LoaderFailuresCarryTheLoaderText) {
+    auto missing = SharedLibraryPlugin::New("/nonexistent/plugin.so");
+    std::string const unloadable =
+        "Unable to load plugin from /nonexistent/plugin.so : /nonexistent/plugin.so";
+    EXPECT_EQ(ThrownMessage([&] { missing->Initialize(); }).substr(0, unloadable.size()),
+              unloadable);
+    auto noEntry = SharedLibraryPlugin::New(kNoEntry);
+    std::string const opening = "Unable to get plugin registration point from " + kNoEntry + " : ";
+    std::string const message = ThrownMessage([&] { noEntry->Initialize(); });
+    EXPECT_EQ(message.substr(0, opening.size()), opening);
+    EXPECT_NE(message.find("AutoCli_RegisterNamespaces"), std::string::npos);
+    EXPECT_FALSE(IsLoaded(kNoEntry));
+    auto root = RootNamespace::New(nullptr);
+    noEntry->RegisterNamespaces(root);
+    SharedLibraryPlugin::New(kAnswer)->RegisterNamespaces(root);  // never initialised
+    EXPECT_TRUE(root->GetNamespaceNodes().empty());
+    EXPECT_FALSE(noEntry->HasFormatter("table") || noEntry->GetFormatter("table"));
+    EXPECT_TRUE(noEntry->GetFormatters().empty());
+}
+
+TEST(SharedLibraryPluginTest, DispatcherKeepsTheLibraryUntilItsCommandsAreGone) {
+    auto input = CommandInput::New();
+    input->SetCommandPath({"demo", "answer"});
+    auto output = CommandOutput::New();
+    {
+        Dispatcher dispatcher;
+        dispatcher.AddPlugin(kAnswer);
+        EXPECT_EQ(dispatcher.GetPluginNames(), (std::vector<std::string>{"Internal", kAnswer}));
+        dispatcher.ResetRegistrations();  // the tree still holds the library's command
+        EXPECT_TRUE(dispatcher.ExecuteCommand(input, output));
+        EXPECT_TRUE(IsLoaded(kAnswer));
+    }
+    EXPECT_FALSE(IsLoaded(kAnswer));
+    EXPECT_EQ(std::static_pointer_cast<MetaObj::MetaString>(output->GetRootObject())->GetValue(),
+              "forty-two");
+}
+
+TEST(SharedLibraryPluginTest, RefusedRegistrationIsWrappedAndItsLeftoversStaySafe) {
+    {
+        Dispatcher dispatcher;
+        EXPECT_EQ(ThrownMessage([&] { dispatcher.AddPlugin(kRefusing); }),
+                  "Error while trying to register the plugin " + kRefusing +
+                      " the device table is missing The functionality in " + kRefusing +
+                      " will not be available until this issue is resolved.");
+        EXPECT_EQ(dispatcher.GetPluginNames(), std::vector<std::string>{"Internal"});
+        EXPECT_TRUE(
+            dispatcher.GetRootNamespace()->SubNamespace("demo")->HasNamespaceNode("answer"));
+    }
+    EXPECT_FALSE(IsLoaded(kRefusing));
+}
+
+TEST(SharedLibraryPluginTest, DirectoryLoadsLib64FirstThenInByteOrder) {
+    Testing::TempDirectory directory;
+    std::filesystem::create_directories(directory.path + "/lib64/sub");
+    std::vector<std::string> copies;
+    for (char const* name : {"lib64/z.so", "c.so", "a.so"}) {
+        copies.push_back(directory.path + "/" + name);
+        std::filesystem::copy_file(kAnswer, copies.back());
+    }
+    Testing::CerrCapture errors;
+    {
+        Dispatcher dispatcher;
+        dispatcher.AddExternalDirectory(directory.path);
+        EXPECT_EQ(dispatcher.GetPluginNames(), (std::vector<std::string>{"Internal", copies[0]}));
+    }
+    auto refusal = [](std::string const& path) {
+        return "Error loading plugin " + path +
+               " skipping.  Error was: Error while trying to register the plugin " + path +
+               " Duplicate registration in namespace demo attempt to register two objects with "
+               "name answer The functionality in " +
+               path + " will not be available until this issue is resolved.\n";
+    };
+    EXPECT_EQ(errors.Text(), refusal(copies[2]) + refusal(copies[1]));
+}
+
+}  // namespace
+}  // namespace AutoCli
+}  // namespace Tindra

@@ -1,0 +1,17 @@
+# Plug-in libraries that the shared-library tests load; their paths reach the tests as
+# TEST_<NAME>_PATH.
+set(test_plugin_sources ${CMAKE_CURRENT_LIST_DIR}/../support/testplugins)
+foreach(plugin AnswerPlugin RefusingPlugin NoEntryPlugin)
+  set(source ${plugin})
+  if(plugin STREQUAL "RefusingPlugin")
+    set(source AnswerPlugin)
+  endif()
+  add_library(tindra_test_${plugin} MODULE ${test_plugin_sources}/${source}.cc)
+  target_link_libraries(tindra_test_${plugin} PRIVATE tindra)
+  set_target_properties(tindra_test_${plugin} PROPERTIES PREFIX "" OUTPUT_NAME ${plugin}
+    LIBRARY_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/testplugins)
+  add_dependencies(${target} tindra_test_${plugin})
+  string(TOUPPER ${plugin} upper)
+  target_compile_definitions(${target} PRIVATE TEST_${upper}_PATH="$<TARGET_FILE:tindra_test_${plugin}>")
+endforeach()
+target_compile_definitions(tindra_test_RefusingPlugin PRIVATE REFUSE_REGISTRATION)

@@ -1,0 +1,34 @@
+#ifndef TINDRA_TESTS_SUPPORT_TREE_TEMPDIRECTORY_H
+#define TINDRA_TESTS_SUPPORT_TREE_TEMPDIRECTORY_H
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace Tindra {
+namespace Testing {
+
+// A fresh directory, removed with its contents.
+class TempDirectory {
+public:
+    TempDirectory() : path((std::filesystem::temp_directory_path() / "tindra-XXXXXX").string()) {
+        if (mkdtemp(path.data()) == nullptr) {
+            throw std::filesystem::filesystem_error("mkdtemp", path, std::error_code());
+        }
+    }
+    ~TempDirectory() { std::filesystem::remove_all(path); }
+
+    std::string Write(std::string const& name, std::string const& content) const {
+        std::ofstream(path + "/" + name) << content;
+        return path + "/" + name;
+    }
+
+    std::string path;
+};
+
+}  // namespace Testing
+}  // namespace Tindra
+
+#endif
