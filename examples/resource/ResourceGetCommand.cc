@@ -29,8 +29,8 @@ std::shared_ptr<ParameterSpec> NewUnitsParameter() {
     }
     auto units = ParameterSpec::New(kUnitsParameter, Tindra::CallSpec::ParamString);
     units->SetShortName("u");
-    units->SetDescription(std::string("Unit of the memory and swap amounts; ") +
-                          DefaultMemoryUnit().name + " when not given.");
+    units->SetDescription(std::string("Unit of the memory and swap amounts, ") +
+                          DefaultMemoryUnit().name + " when not given:%FULLENUM%");
     units->SetRequired(false);
     units->SetConstraint(choices);
     return units;
@@ -39,7 +39,7 @@ std::shared_ptr<ParameterSpec> NewUnitsParameter() {
 std::shared_ptr<ParameterSpec> NewLimitsParameter() {
     auto limits = ParameterSpec::New(kLimitsParameter, Tindra::CallSpec::ParamFlag);
     limits->SetShortName("l");
-    limits->SetDescription("Also list the resource limits of the calling process.");
+    limits->SetDescription("Also list the resource limits ostrel inherited from its caller.");
     limits->SetRequired(false);
     return limits;
 }
@@ -54,7 +54,7 @@ ResourceGetCommand::ResourceGetCommand() {
     SetDescription("Show the host's memory, swap, load and uptime.");
     AddExample("", "Memory in MiB, load averages and uptime");
     AddExample("--units GiB", "Memory and swap in whole gibibytes");
-    AddExample("-l -u KiB", "Also the limits this shell passes on to its commands");
+    AddExample("-l -u KiB", "Also the limits that ostrel inherited, memory in kibibytes");
 
     // Read like a report: counters first, then memory, limits last.
     SetDefaultOutputFormatter("simple");

@@ -52,88 +52,20 @@ std::vector<Inclusion> InclusionsOf(std::string const& path) {
 }
 
 std::set<std::string> const& StandardLibraryHeaders() {
-    static std::set<std::string> const headers = {"algorithm",
-                                                  "any",
-                                                  "array",
-                                                  "atomic",
-                                                  "bitset",
-                                                  "cassert",
-                                                  "cctype",
-                                                  "cerrno",
-                                                  "cfenv",
-                                                  "cfloat",
-                                                  "charconv",
-                                                  "chrono",
-                                                  "cinttypes",
-                                                  "climits",
-                                                  "clocale",
-                                                  "cmath",
-                                                  "codecvt",
-                                                  "complex",
-                                                  "condition_variable",
-                                                  "csetjmp",
-                                                  "csignal",
-                                                  "cstdarg",
-                                                  "cstddef",
-                                                  "cstdint",
-                                                  "cstdio",
-                                                  "cstdlib",
-                                                  "cstring",
-                                                  "ctime",
-                                                  "cuchar",
-                                                  "cwchar",
-                                                  "cwctype",
-                                                  "deque",
-                                                  "exception",
-                                                  "execution",
-                                                  "filesystem",
-                                                  "forward_list",
-                                                  "fstream",
-                                                  "functional",
-                                                  "future",
-                                                  "initializer_list",
-                                                  "iomanip",
-                                                  "ios",
-                                                  "iosfwd",
-                                                  "iostream",
-                                                  "istream",
-                                                  "iterator",
-                                                  "limits",
-                                                  "list",
-                                                  "locale",
-                                                  "map",
-                                                  "memory",
-                                                  "memory_resource",
-                                                  "mutex",
-                                                  "new",
-                                                  "numeric",
-                                                  "optional",
-                                                  "ostream",
-                                                  "queue",
-                                                  "random",
-                                                  "ratio",
-                                                  "regex",
-                                                  "scoped_allocator",
-                                                  "set",
-                                                  "shared_mutex",
-                                                  "sstream",
-                                                  "stack",
-                                                  "stdexcept",
-                                                  "streambuf",
-                                                  "string",
-                                                  "string_view",
-                                                  "system_error",
-                                                  "thread",
-                                                  "tuple",
-                                                  "type_traits",
-                                                  "typeindex",
-                                                  "typeinfo",
-                                                  "unordered_map",
-                                                  "unordered_set",
-                                                  "utility",
-                                                  "valarray",
-                                                  "variant",
-                                                  "vector"};
+    static char const* const names =
+        "algorithm any array atomic bitset cassert cctype cerrno cfenv cfloat charconv chrono "
+        "cinttypes climits clocale cmath codecvt complex condition_variable csetjmp csignal "
+        "cstdarg cstddef cstdint cstdio cstdlib cstring ctime cuchar cwchar cwctype deque "
+        "exception execution filesystem forward_list fstream functional future "
+        "initializer_list iomanip ios iosfwd iostream istream iterator limits list locale map "
+        "memory memory_resource mutex new numeric optional ostream queue random ratio regex "
+        "scoped_allocator set shared_mutex sstream stack stdexcept streambuf string "
+        "string_view system_error thread tuple type_traits typeindex typeinfo unordered_map "
+        "unordered_set utility valarray variant vector";
+    static std::set<std::string> const headers = [] {
+        auto const words = SplitWords(names);
+        return std::set<std::string>(words.begin(), words.end());
+    }();
     return headers;
 }
 
