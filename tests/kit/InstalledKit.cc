@@ -1,11 +1,7 @@
 #include "InstalledKit.h"
 
-#include <stdlib.h>
-
-#include <filesystem>
-#include <stdexcept>
-
 #include "Tools.h"
+#include "support/tree/TempDirectory.h"
 
 namespace KitTest {
 
@@ -13,25 +9,6 @@ namespace {
 
 // Not the configured prefix: the kit must work from a place it was not built for.
 char const* const kInstallPrefix = "/opt/tindra-kit";
-
-class ScratchDirectory {
-public:
-    ScratchDirectory() {
-        std::string pattern = std::string(TINDRA_TEST_BINARY_DIR) + "/kit-XXXXXX";
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("cannot create a directory like " + pattern);
-        }
-        path = pattern;
-    }
-    ScratchDirectory(ScratchDirectory const&) = delete;
-    ScratchDirectory& operator=(ScratchDirectory const&) = delete;
-    ~ScratchDirectory() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-
-    std::string path;
-};
 
 InstalledKit Install() {
     InstalledKit kit;
@@ -51,7 +28,7 @@ InstalledKit Install() {
 }  // namespace
 
 std::string const& WorkDirectory() {
-    static ScratchDirectory const directory;
+    static Tindra::Testing::TempDirectory const directory;
     return directory.path;
 }
 
