@@ -1,12 +1,27 @@
 // ostrel: the thin program around the engine. Everything else happens in libtindra.
+#include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 #include "tindra/tindra.h"
 
+namespace {
+
+// Lets tests and diagnostics run the tool with only the built-in commands, whatever is
+// installed in the standard plug-in directories.
+bool SkipDefaultPlugins() {
+    char const* skip = std::getenv("OSTREL_SKIP_DEFAULT_PLUGINS");
+    return skip != nullptr && std::strcmp(skip, "1") == 0;
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     try {
         Tindra::AutoCli::CliDispatcher dispatcher;
-        dispatcher.AddDefaultDirectories();
+        if (!SkipDefaultPlugins()) {
+            dispatcher.AddDefaultDirectories();
+        }
         dispatcher.HandleArgvInput(argc, argv);
     } catch (Tindra::TindraException const& error) {
         // An unknown namespace or command word: reported like every other error.

@@ -2,6 +2,7 @@
 #define TINDRA_AUTOCLI_CLI_CLIDISPATCHER_H
 
 #include <istream>
+#include <list>
 #include <memory>
 #include <string>
 
@@ -30,6 +31,15 @@ public:
     FormatParameters GetHelpFormatParams() const;
 
 private:
+    bool HandleInputOption(OptionParser& parser);
+    bool RunCommand(OptionParser& parser, std::shared_ptr<NamespaceNode> node,
+                    std::list<std::string> const& path, FormatParameters& format,
+                    DisplayContext& display, std::shared_ptr<CommandOutput> output);
+    FormatParameters ChooseFormat(std::shared_ptr<CommandInput> input,
+                                  std::shared_ptr<CommandOutput> output, FormatParameters& format);
+    void AddPluginDirectories(OptionParser& parser);
+    void AddPluginFiles(OptionParser& parser);
+
     std::string dispatcherName;
 };
 

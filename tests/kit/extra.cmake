@@ -1,0 +1,42 @@
+# The kit tests install the build, then compile plug-ins against the installed kit with the
+# same tools an outside author uses.
+find_program(TINDRA_PKG_CONFIG_PROGRAM pkg-config REQUIRED)
+find_program(TINDRA_READELF_PROGRAM readelf REQUIRED)
+
+# Installing needs everything that is installed to be built first: every target of the
+# default build outside the tests.
+function(tindra_kit_default_targets directory result)
+  get_property(found DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
+  set(built)
+  foreach(candidate IN LISTS found)
+    get_target_property(excluded ${candidate} EXCLUDE_FROM_ALL)
+    if(NOT excluded)
+      list(APPEND built ${candidate})
+    endif()
+  endforeach()
+  get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
+  foreach(subdirectory IN LISTS subdirectories)
+    if(NOT subdirectory STREQUAL CMAKE_CURRENT_SOURCE_DIR)
+      tindra_kit_default_targets(${subdirectory} below)
+      list(APPEND built ${below})
+    endif()
+  endforeach()
+  set(${result} ${built} PARENT_SCOPE)
+endfunction()
+tindra_kit_default_targets(${PROJECT_SOURCE_DIR} installed)
+add_dependencies(${target} ${installed})
+target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
+target_compile_definitions(${target} PRIVATE
+  TINDRA_BUILD_DIR="${PROJECT_BINARY_DIR}"
+  TINDRA_CMAKE_COMMAND="${CMAKE_COMMAND}"
+  TINDRA_CMAKE_GENERATOR="${CMAKE_GENERATOR}"
+  TINDRA_MAKE_PROGRAM="${CMAKE_MAKE_PROGRAM}"
+  TINDRA_CXX_COMPILER="${CMAKE_CXX_COMPILER}"
+  TINDRA_PKG_CONFIG="${TINDRA_PKG_CONFIG_PROGRAM}"
+  TINDRA_READELF="${TINDRA_READELF_PROGRAM}"
+  TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
+  TINDRA_INSTALL_LIBDIR="${CMAKE_INSTALL_LIBDIR}"
+  TINDRA_INSTALL_BINDIR="${CMAKE_INSTALL_BINDIR}"
+  TINDRA_PLUGIN_DIR="${TINDRA_PLUGIN_DIR}"
+  TINDRA_VERSION="${PROJECT_VERSION}"
+  TINDRA_SOVERSION="${PROJECT_VERSION_MAJOR}")

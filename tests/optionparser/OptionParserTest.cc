@@ -1,0 +1,217 @@
+#include "tindra/autocli/cli/OptionParser.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Tindra::AutoCli::OptionParser;
+using Tindra::CallSpec::InputSpec;
+using Tindra::CallSpec::ParameterSpec;
+using Pairs = std::vector<OptionParser::Pair>;
+using Words = std::vector<std::string>;
+
+std::shared_ptr<ParameterSpec> Declare(std::string const& name, std::string const& shortName,
+                                       Tindra::CallSpec::ParameterType type) {
+    auto parameter = ParameterSpec::New(name, type);
+    if (!shortName.empty()) {
+        parameter->SetShortName(shortName);
+    }
+    return parameter;
+}
+
+// name (-n, required string), verbose (-v, flag), help (-h, bool).
+std::shared_ptr<InputSpec> SampleSpec() {
+    auto spec = InputSpec::New();
+    spec->AddParameter(Declare("name", "n", Tindra::CallSpec::ParamString));
+    spec->AddParameter(Declare("verbose", "v", Tindra::CallSpec::ParamFlag));
+    auto help = Declare("help", "h", Tindra::CallSpec::ParamBool);
+    help->SetRequired(false);
+    spec->AddParameter(help);
+    return spec;
+}
+
+Words PathOf(OptionParser& parser) {
+    return Words(parser.GetCommandPath().begin(), parser.GetCommandPath().end());
+}
+
+TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptions) {
+    OptionParser parser;
+    for (char const* word : {"-a", "-Z", "--ab", "--a1", "--a-b", "--ab=c", "--ab==", "--a-=x"}) {
+        EXPECT_TRUE(parser.IsParameter(word)) << word;
+    }
+    for (char const* word : {"-", "--", "-5", "-ab", "--x", "--ab=", "--1a", "---ab", "--a_b", "a",
+                             "-é", " -a", "-a "}) {
+        EXPECT_FALSE(parser.IsParameter(word)) << word;
+    }
+}
+
+TEST(OptionShapeTest, ParseParameterTellsWhetherTheValueCameAttached) {
+    OptionParser parser;
+    std::string name, value = "untouched";
+    EXPECT_FALSE(parser.ParseParameter("-n", name, value));
+    EXPECT_EQ("n", name);
+    EXPECT_EQ("untouched", value);
+    EXPECT_FALSE(parser.ParseParameter("--name", name, value));
+    EXPECT_EQ("name", name);
+    EXPECT_TRUE(parser.ParseParameter("--name=a=b", name, value));
+    EXPECT_EQ("name", name);
+    EXPECT_EQ("a=b", value);
+    EXPECT_TRUE(parser.GetParseErrors().empty());
+
+    EXPECT_FALSE(parser.ParseParameter("-ab", name, value));
+    EXPECT_FALSE(parser.ParseParameter("--x=", name, value));
+    EXPECT_EQ((Words{"Attempt to parse option failed.  Input was : -ab",
+                     "Attempt to parse option failed.  Input was : --x="}),
+              parser.GetParseErrors());
+}
+
+TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptions) {
+    OptionParser parser;
+    parser.ParseVector({"--formatter", "xml", "demo", "widget", "list", "--name", "item0"});
+    EXPECT_EQ((Pairs{{"formatter", "xml"}}), parser.GetDispatcherParameters());
+    EXPECT_EQ((Words{"demo", "widget", "list"}), PathOf(parser));
+    EXPECT_EQ((Pairs{{"name", "item0"}}), parser.GetCommandParameters());
+    EXPECT_EQ("ostrel", parser.GetDispatcher());
+    EXPECT_TRUE(parser.GetParseErrors().empty());
+}
+
+TEST(OptionParserTest, AnyOptionTakesTheNextOrdinaryWordAsItsValue) {
+    OptionParser parser;
+    parser.ParseVector({"demo", "widget", "--verbose", "list"});
+    EXPECT_EQ((Words{"demo", "widget"}), PathOf(parser));
+    EXPECT_EQ((Pairs{{"verbose", "list"}}), parser.GetCommandParameters());
+
+    OptionParser shapes;
+    shapes.ParseVector({"--n", "x", "-n", "item0", "--count", "-5", "--name=a=b", "-v", "-w"});
+    EXPECT_EQ((Words{"--n", "x"}), PathOf(shapes));
+    EXPECT_EQ((Pairs{{"n", "item0"}, {"count", "-5"}, {"name", "a=b"}, {"v", ""}, {"w", ""}}),
+              shapes.GetCommandParameters());
+    EXPECT_TRUE(shapes.GetParseErrors().empty()) << "no declaration, so no missing-value check";
+}
+
+TEST(OptionParserTest, RepeatedOptionsStaySeparateAndInOrder) {
+    OptionParser parser;
+    parser.ParseVector({"--plugin", "a.xml", "--screen-width", "80", "--plugin", "b.so", "ns",
+                        "cmd", "-x", "1", "--other", "2", "-x", "3"});
+    EXPECT_EQ((Words{"a.xml", "b.so"}), parser.GetDispatcherParameter("plugin"));
+    EXPECT_TRUE(parser.HasDispatcherParameter("screen-width"));
+    EXPECT_FALSE(parser.HasDispatcherParameter("x"));
+    EXPECT_EQ((Words{"1", "3"}), parser.GetCommandParameter("x"));
+    EXPECT_TRUE(parser.HasCommandParameter("other"));
+    EXPECT_FALSE(parser.HasCommandParameter("plugin"));
+}
+
+TEST(OptionParserTest, WordsLeftAfterTheOptionsAreReportedOnceInOrder) {
+    OptionParser parser;
+    parser.ParseVector({"ns", "--ab", "1", "x", "y"});
+    EXPECT_EQ((Pairs{{"ab", "1"}}), parser.GetCommandParameters());
+    parser.ProcessCommandArguments();
+    parser.GetCommandParameters();
+    EXPECT_EQ((Words{"Found Extra non-parameter arguments at the end of input: 'x' 'y' "}),
+              parser.GetParseErrors());
+}
+
+TEST(OptionParserTest, ArgvGivesTheDispatcherName) {
+    char const* onlyName[] = {"/usr/bin/ostrel"};
+    OptionParser parser("other");
+    parser.ParseArgv(1, onlyName);
+    EXPECT_EQ("/usr/bin/ostrel", parser.GetDispatcher());
+    EXPECT_TRUE(parser.GetCommandPath().empty());
+    EXPECT_TRUE(parser.GetDispatcherParameters().empty());
+    EXPECT_TRUE(parser.GetCommandParameters().empty());
+
+    char const* full[] = {"tool", "-h", "ns"};
+    OptionParser named("other");
+    named.ParseArgv(3, full);
+    EXPECT_EQ("tool", named.GetDispatcher());
+    EXPECT_EQ((Pairs{{"h", "ns"}}), named.GetDispatcherParameters());
+}
+
+TEST(OptionParserTest, MissingValuesAreCheckedAgainstTheDeclaration) {
+    OptionParser parser;
+    parser.ParseVector({"ns", "cmd", "--verbose", "-h", "--undeclared", "-n"});
+    parser.SetInputSpec(SampleSpec());
+    EXPECT_EQ((Pairs{{"verbose", ""}, {"h", ""}, {"undeclared", ""}, {"n", ""}}),
+              parser.GetCommandParameters());
+    EXPECT_EQ((Words{"-n must have value"}), parser.GetParseErrors());
+
+    OptionParser longForm;
+    longForm.ParseVector({"ns", "--name", "--name"});
+    longForm.SetInputSpec(SampleSpec());
+    longForm.ProcessCommandArguments();
+    EXPECT_EQ((Words{"--name must have value", "--name must have value"}),
+              longForm.GetParseErrors());
+}
+
+TEST(OptionParserTest, TheDeclarationSetBeforeProcessingIsTheOneUsed) {
+    OptionParser parser;
+    parser.ParseVector({"ns", "--name"});
+    parser.GetCommandParameters();
+    parser.SetInputSpec(SampleSpec());
+    parser.GetCommandParameters();
+    EXPECT_TRUE(parser.GetParseErrors().empty());
+}
+
+TEST(OptionParserTest, ParsingAgainKeepsErrorsAndProcessedCommandOptions) {
+    OptionParser parser;
+    parser.ParseVector({"a", "-x", "1", "stray"});
+    parser.ProcessCommandArguments();
+    parser.ParseVector({"--fmt", "json", "b", "c"});
+    EXPECT_EQ((Pairs{{"fmt", "json"}}), parser.GetDispatcherParameters());
+    EXPECT_EQ((Words{"b", "c"}), PathOf(parser));
+    EXPECT_EQ((Pairs{{"x", "1"}}), parser.GetCommandParameters());
+    EXPECT_EQ(1u, parser.GetParseErrors().size());
+}
+
+TEST(OptionParserTest, ToStringDumpsEveryPart) {
+    OptionParser parser("tool");
+    parser.ParseVector({"--formatter", "xml", "ns", "cmd", "-v", "--name", "a b", "extra"});
+    EXPECT_EQ(
+        "Parsed: 0\nDispatcher: tool\nErrors: \n"
+        "   Found Extra non-parameter arguments at the end of input: 'extra' \n"
+        "Path: 'ns''cmd'\nDispatch Params: \n   --formatter = 'xml'\n"
+        "Command Params: \n   --v = ''\n   --name = 'a b'\n",
+        parser.ToString());
+}
+
+TEST(ParseStringTest, LinesWithoutWordsParseNothing) {
+    for (char const* line : {"", "   ", " \t ", "# comment", "  #x --a", "\"#quoted\" a"}) {
+        OptionParser parser;
+        EXPECT_TRUE(parser.ParseString(line)) << line;
+        EXPECT_TRUE(parser.GetCommandPath().empty()) << line;
+    }
+}
+
+TEST(ParseStringTest, QuotesGroupBlanksAndAreRemoved) {
+    struct Case {
+        char const* line;
+        Words path;
+    } const cases[] = {
+        {"a \"b c\"", {"a", "b c"}},
+        {"a\"b c\"d", {"ab cd"}},
+        {"  lead\tand  trail \t", {"lead", "and", "trail"}},
+        {"a #b c#", {"a", "#b", "c#"}},
+        {"a \"\" b", {"a", "", "b"}},
+        {"back\\slash \"open end", {"back\\slash", "open end"}},
+        {"x\"", {"x"}},
+    };
+    for (auto const& c : cases) {
+        OptionParser parser;
+        EXPECT_FALSE(parser.ParseString(c.line)) << c.line;
+        EXPECT_EQ(c.path, PathOf(parser)) << c.line;
+    }
+}
+
+TEST(ParseStringTest, WordsAreParsedLikeAVector) {
+    OptionParser parser;
+    EXPECT_FALSE(parser.ParseString("--format-param \"a=b c\" ns cmd --name \"\" -v"));
+    EXPECT_EQ((Pairs{{"format-param", "a=b c"}}), parser.GetDispatcherParameters());
+    EXPECT_EQ((Pairs{{"name", ""}, {"v", ""}}), parser.GetCommandParameters());
+    EXPECT_EQ("ostrel", parser.GetDispatcher());
+}
+
+}  // namespace
