@@ -25,13 +25,15 @@ name) sort_keys="-k7,7 -k1,1n" ;;
 *) fail "Invalid sort order: $order" ;;
 esac
 
-# One stream for awk: the account database, a marker line, then one process directory per line.
+# One stream for awk: the account database, then every status line and every argument, each
+# prefixed with its file. grep reads the files because a process may end while its files are
+# read, and grep, unlike awk, shrugs that off and goes on.
 {
     host_passwd
-    echo "%%processes%%"
-    for dir in "$host_root"/proc/[0-9]*; do
-        [ -d "$dir" ] && printf '%s\n' "$dir"
-    done
+    echo "%%status%%"
+    grep -s -H '' "$host_root"/proc/[0-9]*/status
+    echo "%%arguments%%"
+    grep -s -a -z -H '' "$host_root"/proc/[0-9]*/cmdline | tr '\000\n\t' '\n  '
 } | awk -v user="$user" -v name="$name" -v pids="$pids" -v state="$state" '
     BEGIN {
         split("R running S sleeping D disk-sleep T stopped t tracing-stop Z zombie X dead " \
@@ -39,45 +41,45 @@ esac
         for (i = 1; i < 24; i += 2) stateWord[words[i]] = words[i + 1]
         wanted = split(pids, list, /[ ,]+/)
         for (i = 1; i <= wanted; i++) if (list[i] != "") wantedPid[list[i] + 0] = 1
+        part = "accounts"
     }
-    !started && $0 == "%%processes%%" { started = 1; next }
-    !started { split($0, account, ":"); userName[account[3]] = account[1]; next }
-    function arguments(dir,   file, arg, text) {
-        file = dir "/cmdline"
-        RS = "\0"
-        text = ""
-        while ((getline arg < file) > 0) text = text (text == "" ? "" : " ") arg
-        close(file)
-        RS = "\n"
-        gsub(/[\t\n]/, " ", text)
-        return text
+    /^%%(status|arguments)%%$/ { part = substr($0, 3, length($0) - 4); next }
+    part == "accounts" { split($0, account, ":"); userName[account[3]] = account[1]; next }
+    # Lines read "<dir>/<file>:<text>"; the directory stands for the process.
+    part == "status" {
+        at = index($0, "/status:")
+        dir = substr($0, 1, at - 1)
+        line = substr($0, at + 8)
+        key = line
+        sub(/:.*/, "", key)
+        sub(/^[^:]*:[ \t]*/, "", line)
+        info[dir, key] = line
+        dirs[dir] = 1
+        next
     }
     {
-        dir = $0
-        file = dir "/status"
-        delete info
-        while ((getline line < file) > 0) {
-            key = line
-            sub(/:.*/, "", key)
-            sub(/^[^:]*:[ \t]*/, "", line)
-            info[key] = line
+        at = index($0, "/cmdline:")
+        dir = substr($0, 1, at - 1)
+        arg = substr($0, at + 9)
+        args[dir] = (++argCount[dir] > 1 ? args[dir] " " : "") arg
+    }
+    END {
+        for (dir in dirs) {
+            if (!((dir, "Pid") in info)) continue  # ended while we looked
+            pid = info[dir, "Pid"] + 0
+            split(info[dir, "Uid"], uids, /[ \t]+/)
+            owner = (uids[1] in userName) ? userName[uids[1]] : uids[1]
+            word = stateWord[substr(info[dir, "State"], 1, 1)]
+            if (word == "") word = info[dir, "State"]
+            command = info[dir, "Name"]
+            gsub(/\t/, " ", command)
+            if (wanted && !(pid in wantedPid)) continue
+            if (user != "" && user != owner && user != uids[1]) continue
+            if (state != "" && state != word) continue
+            if (name != "" && !index(command, name) && !index(args[dir], name)) continue
+            printf "%d\t%d\t%s\t%s\t%d\t%d\t%s\t%s\n", pid, info[dir, "PPid"], owner, word,
+                info[dir, "Threads"], info[dir, "VmRSS"], command, args[dir]
         }
-        close(file)
-        if (!("Pid" in info)) next  # gone while we looked
-        pid = info["Pid"] + 0
-        split(info["Uid"], uids, /[ \t]+/)
-        owner = (uids[1] in userName) ? userName[uids[1]] : uids[1]
-        word = stateWord[substr(info["State"], 1, 1)]
-        if (word == "") word = info["State"]
-        command = info["Name"]
-        gsub(/\t/, " ", command)
-        args = arguments(dir)
-        if (wanted && !(pid in wantedPid)) next
-        if (user != "" && user != owner && user != uids[1]) next
-        if (state != "" && state != word) next
-        if (name != "" && !index(command, name) && !index(args, name)) next
-        printf "%d\t%d\t%s\t%s\t%d\t%d\t%s\t%s\n", pid, info["PPid"], owner, word,
-            info["Threads"], info["VmRSS"], command, args
     }' |
     sort -t "$tab" $sort_keys |
     if [ -n "$limit" ]; then head -n "$limit"; else cat; fi |
