@@ -74,6 +74,7 @@ protected:
                 Command("late", "printf 'fine\\nERROR:late\\n'") +
                 Command("malformed", "echo '<output><int>1</output>'") +
                 Command("badtag", "echo '<output><integer>1</integer></output>'") +
+                Command("mismatch", "echo '<output><string>1</string></output>'") +
                 Command("items", "cat '" + files.Directory() + "/items.out'",
                         "<list type=\"structure\">" + kItem + "</list>") +
                 "</commands>"));
@@ -168,6 +169,9 @@ TEST_F(DescriptorRunTest, WhatTheProgramAnswersDecidesTheErrors) {
         "Implementation error! The output of this command does not match the declared output "
         "type, see errors above.\n";
     ExpectRun(Demo({"demo", "late"}), 1, "", "Errors: \n" + noRoot);
+    ExpectRun(Demo({"demo", "mismatch"}), 1, "",
+              "Errors: \nType mismatch in structure.  Expecting Int got String\n" +
+                  noRoot.substr(noRoot.find('\n') + 1));
     ExpectRun(Demo({"demo", "malformed"}), 1, "", "Errors: \n" + noRoot);
     ExpectRun(Demo({"demo", "badtag"}), 1, "",
               "Errors: \nUnable to parse output of Extension Command: Error parsing command "
