@@ -117,14 +117,10 @@ TEST(InputGetters, MisuseByTheCommandThrows) {
 }
 
 TEST(InputGetters, ListsKeepOrderAndSkipOrDefaultBadValues) {
-    auto input = InputWith({{"tags", "a"},
-                            {"t", "b"},
-                            {"ids", "1"},
-                            {"ids", ""},
-                            {"ids", "x"},
-                            {"ids", "-4"},
-                            {"bits", "T"},
-                            {"bits", "nope"}});
+    auto input = InputWith({{"tags", "a"}, {"t", "b"}, {"ids", "1"}, {"ids", ""}, {"ids", "x"}});
+    input->AddParameter("ids", "-4");  // added after the declarations were set
+    input->AddParameter("bits", "T");
+    input->AddParameter("bits", "nope");
     std::vector<std::string> tags{"kept"};
     input->GetParameterList("tags", tags);
     EXPECT_EQ((Messages{"kept", "a", "b"}), tags);
