@@ -80,11 +80,6 @@ TEST(CommandOutputTest, FormatParametersOverrideTheCommandsDefaults) {
         << run.out;
 }
 
-TEST(CommandOutputTest, CommandOptionsReachTheCommand) {
-    ExpectRun(Ostrel(List({}, {"-c", "li"})), 0, kCommandTable, "");
-    ExpectRun(Ostrel(List({}, {"--command-filter=LI"})), 0, kEmptyTable, "");
-}
-
 std::string const kListHelpUsage =
     "Usage: ostrel ostrel command list <options>\n\nDescription: List all of the ostrel "
     "commands.\n\n";
