@@ -8,6 +8,7 @@ using namespace Tindra::CallSpec;
 namespace {
 
 using Messages = std::vector<std::string>;
+using Pairs = std::vector<std::pair<char const*, char const*>>;
 
 std::shared_ptr<ParameterSpec> Declare(char const* name, ParameterType type,
                                        char const* shortName = "", bool required = false) {
@@ -19,43 +20,30 @@ std::shared_ptr<ParameterSpec> Declare(char const* name, ParameterType type,
     return spec;
 }
 
-std::vector<std::string> Names(InputSpec const& spec) {
-    std::vector<std::string> names;
-    for (auto const& parameter : spec.parameters) {
-        names.push_back(parameter->GetName());
-    }
-    return names;
-}
-
-// A declaration of every kind, so the getters can be checked against each.
-std::shared_ptr<Input> InputWith(std::vector<std::pair<char const*, char const*>> const& pairs) {
-    auto spec = InputSpec::New();
-    spec->AddParameter(Declare("name", ParamString, "n"));
-    spec->AddParameter(Declare("count", ParamInt, "c"));
-    spec->AddParameter(Declare("force", ParamBool));
-    spec->AddParameter(Declare("all", ParamFlag));
-    spec->AddParameter(Declare("tags", ParamStringList, "t"));
-    spec->AddParameter(Declare("ids", ParamIntList));
-    spec->AddParameter(Declare("bits", ParamBoolList));
+std::shared_ptr<Input> InputWith(std::shared_ptr<InputSpec> const& spec, Pairs const& pairs) {
     auto input = Input::New();
-    for (auto const& pair : pairs) {
-        input->AddParameter(pair.first, pair.second);
+    for (auto const& [name, value] : pairs) {
+        input->AddParameter(name, value);
     }
     input->SetInputSpec(spec);
     return input;
 }
 
-}  // namespace
-
-TEST(InputSpecAdd, KeepsDeclarationsSortedByLongName) {
+// A declaration of every kind, so the getters can be checked against each.
+std::shared_ptr<Input> InputWith(Pairs const& pairs) {
     auto spec = InputSpec::New();
-    spec->AddParameter(Declare("zeta", ParamString));
-    spec->AddParameter(Declare("alpha", ParamString));
-    spec->AddParameter(Declare("mid-one", ParamString));
-    EXPECT_EQ((std::vector<std::string>{"alpha", "mid-one", "zeta"}), Names(*spec));
+    for (auto const& parameter : {Declare("name", ParamString, "n"),
+                                  Declare("count", ParamInt, "c"), Declare("force", ParamBool),
+                                  Declare("all", ParamFlag), Declare("tags", ParamStringList, "t"),
+                                  Declare("ids", ParamIntList), Declare("bits", ParamBoolList)}) {
+        spec->AddParameter(parameter);
+    }
+    return InputWith(spec, pairs);
 }
 
-TEST(InputSpecAdd, RefusesShortDuplicateAndClashingNamesWithoutChange) {
+}  // namespace
+
+TEST(InputSpecAdd, SortsByLongNameAndRefusesBadNamesWithoutChange) {
     auto spec = InputSpec::New();
     spec->AddParameter(Declare("verbose", ParamFlag, "v"));
     EXPECT_EQ("Parameter name must be at least 2 characters",
@@ -66,8 +54,14 @@ TEST(InputSpecAdd, RefusesShortDuplicateAndClashingNamesWithoutChange) {
         "Invalid short name specified for --version. The short name -v is already used for "
         "--verbose",
         ThrownMessage([&] { spec->AddParameter(Declare("version", ParamFlag, "v")); }));
-    EXPECT_EQ(std::vector<std::string>{"verbose"}, Names(*spec));
+    spec->AddParameter(Declare("zeta", ParamString));
     spec->AddParameter(Declare("all", ParamFlag));  // two empty short names do not clash
+    spec->AddParameter(Declare("mid-one", ParamString));
+    Messages names;
+    for (auto const& parameter : spec->parameters) {
+        names.push_back(parameter->GetName());
+    }
+    EXPECT_EQ((Messages{"all", "mid-one", "verbose", "zeta"}), names);
 }
 
 TEST(InputFolding, ShortNameValuesFollowLongNameValues) {
@@ -77,30 +71,17 @@ TEST(InputFolding, ShortNameValuesFollowLongNameValues) {
     EXPECT_FALSE(input->HasParameter("t"));
 }
 
-TEST(InputValidate, HelpSkipsEveryOtherCheck) {
-    auto spec = InputSpec::New();
-    spec->AddParameter(Declare("target", ParamString, "", true));
-    auto input = Input::New();
-    input->AddParameter("help", "");
-    input->AddParameter("bogus", "1");
-    input->SetInputSpec(spec);
-    auto output = Output::New();
-    EXPECT_TRUE(spec->Validate(input, output));
-    EXPECT_FALSE(output->HasError());
-}
-
-TEST(InputValidate, UnknownAndInvalidInNameOrderThenMissingRequired) {
+TEST(InputValidate, HelpSkipsChecksOtherwiseNameOrderThenMissingRequired) {
     auto spec = InputSpec::New();
     spec->AddParameter(Declare("zz-required", ParamString, "", true));
     spec->AddParameter(Declare("count", ParamInt));
     spec->AddParameter(Declare("aa-required", ParamString, "", true));
-    auto input = Input::New();
-    input->AddParameter("x", "1");
-    input->AddParameter("count", "many");
-    input->AddParameter("b", "");
-    input->SetInputSpec(spec);
     auto output = Output::New();
-    EXPECT_FALSE(spec->Validate(input, output));
+    EXPECT_TRUE(spec->Validate(InputWith(spec, {{"help", ""}, {"bogus", "1"}}), output));
+    EXPECT_FALSE(output->HasError());
+
+    EXPECT_FALSE(
+        spec->Validate(InputWith(spec, {{"x", "1"}, {"count", "many"}, {"b", ""}}), output));
     EXPECT_EQ((Messages{"Unknown parameter : b",
                         "Invalid data 'many' for parameter count expected type Integer",
                         "Unknown parameter : x", "Missing required parameter --aa-required",
@@ -108,22 +89,19 @@ TEST(InputValidate, UnknownAndInvalidInNameOrderThenMissingRequired) {
               output->GetErrors());
 }
 
-TEST(InputGetters, SingleValuesAndTheirConversions) {
+TEST(InputGetters, SingleValuesConvertOrFallBack) {
     auto input = InputWith({{"name", "disk"}, {"c", "12"}, {"force", "yes"}, {"all", ""}});
     EXPECT_EQ("disk", input->GetParameter("name"));
     EXPECT_EQ(12, input->GetParameterInt("count"));
     EXPECT_TRUE(input->GetParameterBool("force"));
     EXPECT_TRUE(input->IsFlagSet("all"));
-
-    auto absent = InputWith({});
-    EXPECT_EQ("", absent->GetParameter("name"));
-    EXPECT_EQ(-1, absent->GetParameterInt("count"));
-    EXPECT_FALSE(absent->GetParameterBool("force"));
-
-    auto odd = InputWith({{"name", "a"}, {"name", "b"}, {"count", "7x"}, {"force", "maybe"}});
-    EXPECT_EQ("", odd->GetParameter("name"));
-    EXPECT_EQ(-1, odd->GetParameterInt("count"));
-    EXPECT_FALSE(odd->GetParameterBool("force"));
+    for (Pairs const& pairs :
+         {Pairs{}, Pairs{{"name", "a"}, {"name", "b"}, {"count", "7x"}, {"force", "maybe"}}}) {
+        auto odd = InputWith(pairs);
+        EXPECT_EQ("", odd->GetParameter("name"));
+        EXPECT_EQ(-1, odd->GetParameterInt("count"));
+        EXPECT_FALSE(odd->GetParameterBool("force"));
+    }
 }
 
 TEST(InputGetters, MisuseByTheCommandThrows) {
@@ -140,19 +118,18 @@ TEST(InputGetters, MisuseByTheCommandThrows) {
 
 TEST(InputGetters, ListsKeepOrderAndSkipOrDefaultBadValues) {
     auto input = InputWith({{"tags", "a"}, {"t", "b"}, {"ids", "1"}, {"ids", ""}, {"ids", "x"}});
-    input->AddParameter("ids", "-4");
+    input->AddParameter("ids", "-4");  // added after the declarations were set
     input->AddParameter("bits", "T");
     input->AddParameter("bits", "nope");
     std::vector<std::string> tags{"kept"};
     input->GetParameterList("tags", tags);
-    EXPECT_EQ((std::vector<std::string>{"kept", "a", "b"}), tags);
+    EXPECT_EQ((Messages{"kept", "a", "b"}), tags);
     std::vector<long> ids;
     input->GetParameterIntList("ids", ids);
     EXPECT_EQ((std::vector<long>{1, -4}), ids);
     std::vector<bool> bits;
     input->GetParameterBoolList("bits", bits);
     EXPECT_EQ((std::vector<bool>{true, false}), bits);
-
     EXPECT_EQ("\"a,b\"", input->GetParameterListAsString("tags", ',', true));
     EXPECT_EQ("\"\"", input->GetParameterListAsString("absent", ',', true));
     EXPECT_EQ("", input->GetParameterListAsString("absent", ',', false));

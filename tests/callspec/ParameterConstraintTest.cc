@@ -7,31 +7,26 @@ using namespace Tindra::CallSpec;
 
 namespace {
 
+using Messages = std::vector<std::string>;
+
 // Runs one check and returns the messages it recorded.
-std::vector<std::string> Check(ParameterConstraint const& constraint, std::string const& value,
-                               bool expected) {
+Messages Check(ParameterConstraint const& constraint, std::string const& value, bool expected) {
     auto output = Output::New();
     EXPECT_EQ(expected, constraint.Validate(value, "size", output)) << value;
     return output->GetErrors();
 }
 
-using Messages = std::vector<std::string>;
+std::string const kPrefix = "Invalid data constraint for parameter 'size'. ";
 
 }  // namespace
 
-TEST(IntRange, IncludesBothEndsAndRefusesInvertedBounds) {
+TEST(IntRange, IncludesBothEndsAndWantsDecimalText) {
     auto range = ParameterConstraint::New(ConstraintIntRange);
     range->SetIntRange(5, 5);
     EXPECT_EQ(Messages{}, Check(*range, "5", true));
-    EXPECT_EQ(Messages{"Invalid data constraint for parameter 'size'. Expected integer in the "
-                       "range 5-5"},
-              Check(*range, "6", false));
+    EXPECT_EQ(Messages{kPrefix + "Expected integer in the range 5-5"}, Check(*range, "6", false));
     EXPECT_EQ("Invalid values for SetIntRange, constraints must have a min value <= max value",
               ThrownMessage([&] { range->SetIntRange(6, 5); }));
-}
-
-TEST(IntRange, NonDecimalTextIsATypeError) {
-    auto range = ParameterConstraint::New(ConstraintIntRange);
     range->SetIntRange(1, 10);
     EXPECT_EQ(Messages{"Invalid data type for parameter 'size'. Expected an Integer"},
               Check(*range, "0x5", false));
@@ -40,48 +35,36 @@ TEST(IntRange, NonDecimalTextIsATypeError) {
     EXPECT_EQ("integer in the range -5--1", range->ToString());
 }
 
-TEST(IntEnum, RefusesDuplicatesAndListsTheSetAfterTwoBlanks) {
-    auto set = ParameterConstraint::New(ConstraintIntEnum);
-    set->AddIntEnum(1);
-    set->AddIntEnum(2);
-    EXPECT_EQ(Messages{"Invalid data constraint for parameter 'size'. Expected a single value "
-                       "from the set  [1, 2]"},
-              Check(*set, "3", false));
-    EXPECT_EQ(Messages{}, Check(*set, "2", true));
-
-    auto once = ParameterConstraint::New(ConstraintIntEnum);
-    once->AddIntEnum(4);
+TEST(Enums, RefuseDuplicatesAndListTheSetAfterTwoBlanks) {
+    auto ints = ParameterConstraint::New(ConstraintIntEnum);
+    ints->AddIntEnum(1);
+    ints->AddIntEnum(2);
+    EXPECT_EQ(Messages{kPrefix + "Expected a single value from the set  [1, 2]"},
+              Check(*ints, "3", false));
+    EXPECT_EQ(Messages{}, Check(*ints, "2", true));
     EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddIntEnum",
-              ThrownMessage([&] { once->AddIntEnum(4); }));
-    EXPECT_EQ(std::vector<long>{4}, once->GetIntEnum());
-}
+              ThrownMessage([&] { ints->AddIntEnum(2); }));
+    EXPECT_EQ((std::vector<long>{1, 2}), ints->GetIntEnum());
 
-TEST(StringEnum, IsCaseSensitiveAndNamesTheRejectedValue) {
-    auto set = ParameterConstraint::New(ConstraintStringEnum);
-    set->AddStringEnum("b", "second");
-    set->AddStringEnum("a");
-    EXPECT_EQ(Messages{"Invalid data constraint for parameter 'size'. Expected a single value "
-                       "from the set  [b, a] got 'A'"},
-              Check(*set, "A", false));
-    EXPECT_EQ(Messages{}, Check(*set, "a", true));
-    EXPECT_EQ((std::map<std::string, std::string>{{"b", "second"}}), set->GetStringEnumWithDesc());
+    auto strings = ParameterConstraint::New(ConstraintStringEnum);
+    strings->AddStringEnum("b", "second");
+    strings->AddStringEnum("a");
+    EXPECT_EQ(Messages{kPrefix + "Expected a single value from the set  [b, a] got 'A'"},
+              Check(*strings, "A", false));
+    EXPECT_EQ(Messages{}, Check(*strings, "a", true));
     EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddStringEnum: b",
-              ThrownMessage([&] { set->AddStringEnum("b", "again"); }));
-    EXPECT_EQ("second", set->GetStringEnumWithDesc()["b"]);
+              ThrownMessage([&] { strings->AddStringEnum("b", "again"); }));
+    EXPECT_EQ((std::map<std::string, std::string>{{"b", "second"}}),
+              strings->GetStringEnumWithDesc());
 }
 
-TEST(Regex, MustMatchTheWholeValue) {
+TEST(Regex, MustMatchTheWholeValueAsSetAtEachCall) {
     auto pattern = ParameterConstraint::New(ConstraintRegex);
     pattern->SetStringRegex("[0-9]+");
     EXPECT_EQ(Messages{}, Check(*pattern, "12", true));
-    EXPECT_EQ(Messages{"Invalid data constraint for parameter 'size'. Value does not match the "
-                       "expected regular expression ([0-9]+)"},
+    EXPECT_EQ(Messages{kPrefix + "Value does not match the expected regular expression ([0-9]+)"},
               Check(*pattern, "12a", false));
     EXPECT_EQ("a string matching the regular expression [0-9]+", pattern->ToString());
-}
-
-TEST(Regex, IsUsedAsSetAtEachCall) {
-    auto pattern = ParameterConstraint::New(ConstraintRegex);
     pattern->SetStringRegex("(");
     EXPECT_ANY_THROW(pattern->Validate("x", "size", Output::New()));
     pattern->SetStringRegex("x|y");

@@ -17,29 +17,29 @@ Messages Check(ParameterSpec const& spec, Messages const& values, bool expected)
     return output->GetErrors();
 }
 
-std::shared_ptr<ParameterConstraint> StringSet() {
-    auto set = ParameterConstraint::New(ConstraintStringEnum);
-    set->AddStringEnum("z", "last");
-    set->AddStringEnum("a", "first");
-    set->AddStringEnum("m");
-    return set;
+std::shared_ptr<ParameterConstraint> Constraint(ParameterConstraintType kind) {
+    auto constraint = ParameterConstraint::New(kind);
+    if (kind == ConstraintStringEnum) {
+        constraint->AddStringEnum("z", "last");
+        constraint->AddStringEnum("a", "first");
+        constraint->AddStringEnum("m");
+    } else if (kind == ConstraintIntRange) {
+        constraint->SetIntRange(1, 100);
+    }
+    return constraint;
 }
 
 }  // namespace
 
-TEST(ParameterDeclaration, NamesAreLowerCaseDigitsAndHyphens) {
+TEST(ParameterDeclaration, NamesShortNamesAndSecrets) {
     for (char const* bad : {"Name", "my_name", "my name", ""}) {
         EXPECT_EQ(std::string("Invalid Parameter name '") + bad +
                       "' parameter names can only contain lower-case alphanumeric characters, "
                       "numbers and '-'",
                   ThrownMessage([&] { ParameterSpec::New(bad, ParamString); }));
     }
-    auto spec = ParameterSpec::New(std::string("x"), ParamInt);
+    auto spec = ParameterSpec::New(std::string("x"), ParamFlag);
     EXPECT_TRUE(spec->IsRequired());
-}
-
-TEST(ParameterDeclaration, ShortNameIsOneAsciiAlphanumeric) {
-    auto spec = ParameterSpec::New("verbose", ParamFlag);
     for (char const* bad : {"vv", "-", "", "\xC3"}) {
         EXPECT_EQ("Invalid value for shortName, must be a single character a-z, A-Z or 0-9",
                   ThrownMessage([&] { spec->SetShortName(bad); }));
@@ -47,9 +47,6 @@ TEST(ParameterDeclaration, ShortNameIsOneAsciiAlphanumeric) {
     EXPECT_EQ("", spec->GetShortName());
     spec->SetShortName("9");
     EXPECT_EQ("9", spec->GetShortName());
-}
-
-TEST(ParameterDeclaration, SecretOnlyForStrings) {
     EXPECT_EQ("Cannot be set for parameter count",
               ThrownMessage([] { ParameterSpec::New("count", ParamInt)->SetSecret(true); }));
     ParameterSpec::New("password", ParamString)->SetSecret(true);
@@ -58,7 +55,7 @@ TEST(ParameterDeclaration, SecretOnlyForStrings) {
 TEST(ParameterDeclaration, ConstraintMustSuitTheKind) {
     auto const refused = [](ParameterType type, ParameterConstraintType kind) {
         auto spec = ParameterSpec::New("value", type);
-        return ThrownMessage([&] { spec->SetConstraint(ParameterConstraint::New(kind)); });
+        return ThrownMessage([&] { spec->SetConstraint(Constraint(kind)); });
     };
     std::string const message =
         "Invalid constraint specified for parameter value.  The parameter constraint specified "
@@ -70,99 +67,84 @@ TEST(ParameterDeclaration, ConstraintMustSuitTheKind) {
     EXPECT_EQ("<nothing thrown>", refused(ParamStringList, ConstraintRegex));
 
     auto spec = ParameterSpec::New("value", ParamInt);
-    auto const range = ParameterConstraint::New(ConstraintIntRange);
+    auto const range = Constraint(ConstraintIntRange);
     spec->SetConstraint(range);
-    EXPECT_ANY_THROW(spec->SetConstraint(StringSet()));
+    EXPECT_ANY_THROW(spec->SetConstraint(Constraint(ConstraintStringEnum)));
     spec->SetConstraint(nullptr);
     EXPECT_EQ(range, spec->GetConstraint());
 }
 
-TEST(ParameterConversion, IntegersFollowDecimalStrtoll) {
-    long out = 77;
-    EXPECT_TRUE(ParameterSpec::GetInt("", out));
-    EXPECT_EQ(0, out);
-    EXPECT_TRUE(ParameterSpec::GetInt("  -12", out));
-    EXPECT_EQ(-12, out);
-    EXPECT_TRUE(ParameterSpec::GetInt("99999999999999999999", out));
-    EXPECT_EQ(LONG_MAX, out);
-    out = 77;
+TEST(ParameterConversion, IntegersFollowDecimalStrtollAndBooleansExactSpellings) {
+    long number = 77;
+    EXPECT_TRUE(ParameterSpec::GetInt("", number) && number == 0);
+    EXPECT_TRUE(ParameterSpec::GetInt("  -12", number) && number == -12);
+    EXPECT_TRUE(ParameterSpec::GetInt("99999999999999999999", number) && number == LONG_MAX);
+    number = 77;
     for (char const* bad : {"12 ", "0x10", "1e3", "-", " ", "twelve"}) {
-        EXPECT_FALSE(ParameterSpec::GetInt(bad, out)) << bad;
+        EXPECT_FALSE(ParameterSpec::GetInt(bad, number)) << bad;
     }
     EXPECT_FALSE(ParameterSpec::GetInt(std::string("12\0"
                                                    "3",
                                                    4),
-                                       out));
-    EXPECT_EQ(77, out);
-}
+                                       number));
+    EXPECT_EQ(77, number);
 
-TEST(ParameterConversion, BooleansUseExactSpellings) {
+    auto const check = [](char const* word, bool valid, bool expected) {
+        bool value = valid ? !expected : expected;
+        EXPECT_EQ(valid, ParameterSpec::GetBool(word, value)) << word;
+        EXPECT_EQ(expected, value) << word;
+    };
     for (char const* yes : {"1", "yes", "y", "true", "True", "t", "T"}) {
-        bool out = false;
-        EXPECT_TRUE(ParameterSpec::GetBool(yes, out) && out) << yes;
+        check(yes, true, true);
     }
     for (char const* no : {"0", "no", "n", "false", "False", "f", "F"}) {
-        bool out = true;
-        EXPECT_TRUE(ParameterSpec::GetBool(no, out) && !out) << no;
+        check(no, true, false);
     }
     for (char const* bad : {"TRUE", "Yes", "", "on", "2"}) {
-        bool out = true;
-        EXPECT_FALSE(ParameterSpec::GetBool(bad, out)) << bad;
-        EXPECT_TRUE(out);
+        check(bad, false, true);  // left unchanged
     }
 }
 
-TEST(ParameterValidate, SingleKindGivenTwiceStillChecksEachValue) {
+TEST(ParameterValidate, KindAndConstraintMessagesInValueOrder) {
     auto spec = ParameterSpec::New("size", ParamInt);
     EXPECT_EQ((Messages{"Found multiple values for size this parameter can only accept a single "
                         "value.",
                         "Invalid data 'x' for parameter size expected type Integer"}),
               Check(*spec, {"1", "x"}, false));
-    EXPECT_EQ((Messages{"Found multiple values for name this parameter can only accept a single "
-                        "value."}),
-              Check(*ParameterSpec::New("name", ParamString), {"a", "b"}, false));
     EXPECT_EQ(Messages{"Missing value for parameter size"}, Check(*spec, {}, false));
-}
-
-TEST(ParameterValidate, KindMessagesAndListsOfValues) {
     EXPECT_EQ(Messages{"Invalid data 'TRUE' for parameter on expected one of [1, 0, y, n, true, "
                        "false, True, False, yes, no, t, f, T, F]"},
               Check(*ParameterSpec::New("on", ParamBoolList), {"y", "TRUE"}, false));
+    auto flag = ParameterSpec::New("all", ParamFlag);
     EXPECT_EQ(Messages{"Invalid data '1' for parameter all.  This parameter is a flag and cannot "
                        "accept any values. "},
-              Check(*ParameterSpec::New("all", ParamFlag), {"1"}, false));
-    EXPECT_EQ(Messages{}, Check(*ParameterSpec::New("all", ParamFlag), {""}, true));
-}
+              Check(*flag, {"1"}, false));
+    EXPECT_EQ(Messages{}, Check(*flag, {""}, true));
 
-TEST(ParameterValidate, ConstraintSeesOnlyConvertedValues) {
-    auto spec = ParameterSpec::New("port", ParamIntList);
-    auto range = ParameterConstraint::New(ConstraintIntRange);
-    range->SetIntRange(1, 100);
-    spec->SetConstraint(range);
+    // The constraint sees only the values that converted.
+    auto ports = ParameterSpec::New("port", ParamIntList);
+    ports->SetConstraint(Constraint(ConstraintIntRange));
     EXPECT_EQ((Messages{"Invalid data 'http' for parameter port expected type Integer",
                         "Invalid data constraint for parameter 'port'. Expected integer in the "
                         "range 1-100"}),
-              Check(*spec, {"http", "200", "80"}, false));
+              Check(*ports, {"http", "200", "80"}, false));
 }
 
 TEST(ParameterDescription, ExpandsEachPlaceholderOnce) {
     auto spec = ParameterSpec::New("mode", ParamString);
     spec->SetDescription("One of%ENUM%, again %ENUM%.");
     EXPECT_EQ("One of%ENUM%, again %ENUM%.", spec->GetDescription(true));
-    spec->SetConstraint(StringSet());
+    spec->SetConstraint(Constraint(ConstraintStringEnum));
     EXPECT_EQ("One of%ENUM%, again %ENUM%.", spec->GetDescription(false));
     EXPECT_EQ("One of [z, a, m], again %ENUM%.", spec->GetDescription(true));
-
     spec->SetDescription("Mode:%FULLENUM%");
     EXPECT_EQ("Mode:\n    a: first\n    z: last\n", spec->GetDescription(true));
-}
 
-TEST(ParameterDescription, FullEnumOfOtherKindsIsALineBreak) {
-    auto spec = ParameterSpec::New("id", ParamString);
+    // For other kinds the full list is only a line break.
+    auto id = ParameterSpec::New("id", ParamString);
     auto pattern = ParameterConstraint::New(ConstraintRegex);
     pattern->SetStringRegex("[a-f]+");
-    spec->SetConstraint(pattern);
-    spec->SetDescription("Hex %REGEX%%FULLENUM%end");
-    EXPECT_EQ("Hex a string matching the regular expression [a-f]+\nend",
-              spec->GetDescription(true));
+    id->SetConstraint(pattern);
+    id->SetDescription("Hex %REGEX%%FULLENUM%end");
+    EXPECT_EQ("Hex a string matching the regular expression [a-f]+\nend", id->GetDescription(true));
 }

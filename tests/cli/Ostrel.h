@@ -10,13 +10,23 @@
 
 namespace CliTest {
 
+using Words = std::vector<std::string>;
+
 // Runs the built tool as "ostrel" with only its built-in commands (nothing from the
 // installed plug-in directories), standard streams on pipes.
-inline TestSupport::ChildResult Ostrel(std::vector<std::string> const& args,
-                                       std::string const& input = "") {
-    std::vector<std::string> argv = {"ostrel"};
+inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& input = "") {
+    Words argv = {"ostrel"};
     argv.insert(argv.end(), args.begin(), args.end());
     return TestSupport::RunProgram(OSTREL_BINARY, argv, input, {"OSTREL_SKIP_DEFAULT_PLUGINS=1"});
+}
+
+// "ostrel command list" between dispatcher options and command options.
+inline Words List(Words words, Words const& after = {}) {
+    for (char const* word : {"ostrel", "command", "list"}) {
+        words.push_back(word);
+    }
+    words.insert(words.end(), after.begin(), after.end());
+    return words;
 }
 
 // The three things a run is judged by, compared at once so a failure shows all of them.
@@ -27,14 +37,20 @@ inline void ExpectRun(TestSupport::ChildResult const& run, int status, std::stri
     EXPECT_EQ(status, run.status);
 }
 
-// What the command list prints by default for the built-in command alone.
-inline std::string const& BuiltInCommandTable() {
-    static std::string const table =
-        "Namespace       Command  Description\n"
-        "--------------  -------  -----------\n"
-        "ostrel.command  list     List all of the ostrel commands.\n";
-    return table;
-}
+// What the command list prints for the built-in command alone: unwrapped and at width 40.
+std::string const kCommandTable =
+    "Namespace       Command  Description\n"
+    "--------------  -------  -----------\n"
+    "ostrel.command  list     List all of the ostrel commands.\n";
+std::string const kCommandTableAt40 =
+    "Namespace       Command  Description\n"
+    "--------------  -------  -----------\n"
+    "ostrel.command  list     List all of \n"
+    "                         the ostrel \n"
+    "                         commands.\n";
+std::string const kEmptyTable =
+    "Namespace  Command  Description\n"
+    "---------  -------  -----------\n";
 
 }  // namespace CliTest
 

@@ -12,8 +12,34 @@
 #include "tindra/callspec/Output.h"
 
 using Kind = Tindra::CallSpec::ParameterType;
+using Texts = std::vector<std::string>;
 
 namespace {
+
+// Templates that get the hostile value in every parameter.
+Texts const kTemplates({"true $val{aa}", "true '$val{aa}'", "true \"$val{aa}\"",
+                        "true --a=$val{aa} '$val{aa}' $val{aa}",
+                        "true $if{aa,--a $val{aa}} $if{zz,--z}", "true $if{aa,'$val{aa}'}",
+                        "true $list{ll,',',false}", "true $list{ll,',',true}",
+                        "true $list{ll,'',false}", "true $multilist{ll,--item,false}",
+                        "true $multilist{ll,--item,true}", "true $val{aa} $val{bb}",
+                        "true $val{aa} '$val{aa}'", "true '$val{aa}' $val{bb} '$val{bb}'",
+                        "true $val{aa}'$val{bb}'",
+                        "true $if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}"});
+
+// Parameters are filled in name order: aa's value is in the text when bb's turn comes, and
+// must not be read as a placeholder. These templates get one of these values in aa.
+Texts const kPlaceholderValues({"$val{bb}", "'$val{bb}'", "x$val{bb}x", "$list{ll,',',false}",
+                                "$multilist{ll,-x,false}", "$if{zz,", "$if{zz,x}", "{$if{zz,",
+                                "'"});
+Texts const kTemplatesAfterPlaceholder({"true $val{aa} $val{bb}", "true '$val{aa}' '$val{bb}'",
+                                        "true $val{aa} $list{ll,',',true}",
+                                        "true $val{aa} $multilist{ll,-x,true}",
+                                        "true $val{aa} $if{zz,x} '$val{bb}' $if{zz,x}",
+                                        "true '$val{aa}' $if{zz,x} $val{bb} $if{zz,{y}}"});
+
+std::string const kStdinTemplate =
+    "$val{aa} '$val{aa}' $if{aa,$val{bb}} $list{ll,',',true} $multilist{ll,-x,true}";
 
 class CommandInjectionTest : public ::testing::Test {
 protected:
@@ -37,81 +63,41 @@ protected:
         EXPECT_EQ(0, rmdir(directory.c_str())) << "files were created in " << directory;
     }
 
-    std::vector<std::string> HostileValues() const {
+    // The corpus, with @T standing for the command that creates the marker and @M for its path.
+    Texts HostileValues() const {
         std::string const touch = "touch " + marker;
-        std::vector<std::string> values = {
-            "$(" + touch + ")",
-            "`" + touch + "`",
-            ";" + touch,
-            "; " + touch,
-            "|" + touch,
-            "&&" + touch,
-            "||" + touch,
-            "&" + touch,
-            ">" + marker,
-            ">>" + marker,
-            "</dev/null;" + touch,
-            "\n" + touch,
-            "\r\n" + touch,
-            "\\\n" + touch,
-            "\t;" + touch,
-            "'; " + touch + "; '",
-            "' ; " + touch + " #",
-            "\"; " + touch + "; \"",
-            "\\'; " + touch + " #",
-            "\\\"; " + touch + " #",
-            "x' $(" + touch + ") '",
-            "\" $(" + touch + ") \"",
-            "$(touch${IFS}" + marker + ")",
-            "${IFS}`" + touch + "`",
-            "*",
-            "/*",
-            "?",
-            "[a-z]*",
-            "~",
-            "#;" + touch,
-            "a b;c",
-            "\\",
-            "\\\\",
-            "'",
-            "\"",
-            "`",
-            "$",
-            "$((1+1))",
-            "\xff\xfe;" + touch,
-            "$val{bb}",
-            "'$val{bb}'",
-            "$if{zz,x",
-            "}",
-            "{",
-            "}$if{zz,",
-            "$list{ll,',',false}",
-            "$multilist{ll,-x,true}",
-            "\x01"
-            "0\x02",
-            "\x01"
-            "1\x02;" +
-                touch,
-            std::string(100000, '{') + ";" + touch,
-        };
-        std::string longValue;
-        for (int i = 0; i < 2000; ++i) {
-            longValue += "$(" + touch + ");'\"`";
+        Texts values;
+        // clang-format off
+        for (std::string text : {
+                 "$(@T)", "`@T`", ";@T", "; @T", "|@T", "&&@T", "||@T", "&@T", ">@M", ">>@M",
+                 "</dev/null;@T", "\n@T", "\r\n@T", "\\\n@T", "\t;@T", "'; @T; '", "' ; @T #",
+                 "\"; @T; \"", "\\'; @T #", "\\\"; @T #", "x' $(@T) '", "\" $(@T) \"",
+                 "$(touch${IFS}@M)", "${IFS}`@T`", "*", "/*", "?", "[a-z]*", "~", "#;@T", "a b;c",
+                 "\\", "\\\\", "'", "\"", "`", "$", "$((1+1))", "\xff\xfe;@T", "$val{bb}",
+                 "'$val{bb}'", "$if{zz,x", "}", "{", "}$if{zz,", "$list{ll,',',false}",
+                 "$multilist{ll,-x,true}", "\0010\002", "\0011\002;@T"}) {
+            // clang-format on
+            for (size_t at; (at = text.find('@')) != std::string::npos;) {
+                text.replace(at, 2, text[at + 1] == 'T' ? touch : marker);
+            }
+            values.push_back(text);
         }
-        values.push_back(longValue);
+        values.push_back(std::string(100000, '{') + ";" + touch);
+        values.emplace_back();
+        for (int i = 0; i < 2000; ++i) {
+            values.back() += "$(" + touch + ");'\"`";
+        }
         return values;
     }
 
-    // Runs the command with the value in every parameter, or with first in aa and the value in
-    // the others; true when the marker appeared.
+    // Runs the command with first in aa and the value in the others; true when the marker
+    // appeared.
     bool RunsSomethingElse(std::string const& execute, std::string const& stdinText,
-                           std::string const& value, std::string const* first = nullptr) {
-        auto command = builder.Build(execute, stdinText);
-        auto input = builder.Input(
-            {{"aa", first != nullptr ? *first : value}, {"bb", value}, {"ll", value}, {"ll", "p"}});
+                           std::string const& first, std::string const& value) {
+        auto input = builder.Input({{"aa", first}, {"bb", value}, {"ll", value}, {"ll", "p"}});
         auto output = Tindra::CallSpec::Output::New();
         try {
-            command->ExecuteInternal(input, output);
+            builder.Build("printf x; " + execute, stdinText)->ExecuteInternal(input, output);
         } catch (std::exception const&) {
             // Refusing to run is fine; running something else is not.
         }
@@ -121,78 +107,26 @@ protected:
     }
 
     CommandBuilder builder;
-    std::string directory;
-    std::string previousDirectory;
-    std::string marker;
+    std::string directory, previousDirectory, marker;
 };
 
-TEST_F(CommandInjectionTest, CommandLinePlaceholders) {
-    std::vector<std::string> const templates = {
-        "true $val{aa}",
-        "true '$val{aa}'",
-        "true \"$val{aa}\"",
-        "true --a=$val{aa} '$val{aa}' $val{aa}",
-        "true $if{aa,--a $val{aa}} $if{zz,--z}",
-        "true $if{aa,'$val{aa}'}",
-        "true $list{ll,',',false}",
-        "true $list{ll,',',true}",
-        "true $list{ll,'',false}",
-        "true $multilist{ll,--item,false}",
-        "true $multilist{ll,--item,true}",
-        "true $val{aa} $val{bb}",
-        "true $val{aa} '$val{aa}'",
-        "true '$val{aa}' $val{bb} '$val{bb}'",
-        "true $val{aa}'$val{bb}'",
-        "true $if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}",
-    };
-    for (auto const& execute : templates) {
-        for (auto const& value : HostileValues()) {
-            EXPECT_FALSE(RunsSomethingElse("printf x; " + execute, "", value))
-                << "template: " << execute << "\nvalue: " << value.substr(0, 80);
+TEST_F(CommandInjectionTest, HostileValuesRunNothingElse) {
+    // The check would prove nothing if the marker could not appear at all.
+    ASSERT_TRUE(RunsSomethingElse("touch " + marker, "", "v", "v"));
+    for (auto const& value : HostileValues()) {
+        std::string const shown = "\nvalue: " + value.substr(0, 80);
+        for (auto const& execute : kTemplates) {
+            EXPECT_FALSE(RunsSomethingElse(execute, "", value, value)) << execute << shown;
         }
-    }
-}
-
-TEST_F(CommandInjectionTest, ValuesAreNeverReadAsPlaceholders) {
-    // Parameters are filled in name order: aa's value is in the text when bb's turn comes.
-    std::vector<std::string> const placeholders = {"$val{bb}",
-                                                   "'$val{bb}'",
-                                                   "x$val{bb}x",
-                                                   "$list{ll,',',false}",
-                                                   "$multilist{ll,-x,false}",
-                                                   "$if{zz,",
-                                                   "$if{zz,x}",
-                                                   "{$if{zz,",
-                                                   "'"};
-    std::vector<std::string> const templates = {"true $val{aa} $val{bb}",
-                                                "true '$val{aa}' '$val{bb}'",
-                                                "true $val{aa} $list{ll,',',true}",
-                                                "true $val{aa} $multilist{ll,-x,true}",
-                                                "true $val{aa} $if{zz,x} '$val{bb}' $if{zz,x}",
-                                                "true '$val{aa}' $if{zz,x} $val{bb} $if{zz,{y}}"};
-    for (auto const& execute : templates) {
-        for (auto const& placeholder : placeholders) {
-            for (auto const& value : HostileValues()) {
-                EXPECT_FALSE(RunsSomethingElse("printf x; " + execute, "", value, &placeholder))
-                    << "template: " << execute << "\naa: " << placeholder
-                    << "\nvalue: " << value.substr(0, 80);
+        for (auto const& execute : kTemplatesAfterPlaceholder) {
+            for (auto const& first : kPlaceholderValues) {
+                EXPECT_FALSE(RunsSomethingElse(execute, "", first, value))
+                    << execute << "\naa: " << first << shown;
             }
         }
+        EXPECT_FALSE(RunsSomethingElse("cat >/dev/null; true", kStdinTemplate, value, value))
+            << "on standard input" << shown;
     }
-}
-
-TEST_F(CommandInjectionTest, StandardInputPlaceholders) {
-    std::string const stdinTemplate =
-        "$val{aa} '$val{aa}' $if{aa,$val{bb}} $list{ll,',',true} $multilist{ll,-x,true}";
-    for (auto const& value : HostileValues()) {
-        EXPECT_FALSE(RunsSomethingElse("cat >/dev/null; printf x", stdinTemplate, value))
-            << "value: " << value.substr(0, 80);
-    }
-}
-
-TEST_F(CommandInjectionTest, TheMarkerCanBeCreated) {
-    // The check above would prove nothing if the marker could not appear at all.
-    EXPECT_TRUE(RunsSomethingElse("printf x; touch " + marker, "", "v"));
 }
 
 }  // namespace

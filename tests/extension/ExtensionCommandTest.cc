@@ -1,34 +1,30 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "extension/CommandBuilder.h"
 #include "tindra/callspec/Output.h"
-#include "tindra/metaobj/MetaString.h"
 
-using namespace Tindra::AutoCli;
-using Kind = Tindra::CallSpec::ParameterType;
 using Tindra::CallSpec::Output;
+using Errors = std::vector<std::string>;
 
 namespace {
 
-// Runs with a known LANG setting and restores the caller's.
+// Runs with LANG=C and restores the caller's setting.
 class ExtensionCommandTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        char const* lang = getenv("LANG");
-        hadLang = lang != nullptr;
-        savedLang = hadLang ? lang : "";
+        if (char const* lang = getenv("LANG")) {
+            savedLang = lang;
+        }
         setenv("LANG", "C", 1);
-        builder.Parameter("xx", Kind::ParamString);
+        builder.Parameter("xx", Tindra::CallSpec::ParameterType::ParamString);
     }
     void TearDown() override {
-        if (hadLang) {
-            setenv("LANG", savedLang.c_str(), 1);
-        } else {
-            unsetenv("LANG");
-        }
+        savedLang ? setenv("LANG", savedLang->c_str(), 1) : unsetenv("LANG");
     }
 
     std::shared_ptr<Output> Run(std::string const& execute, std::string const& stdinText = "",
@@ -38,33 +34,29 @@ protected:
         return output;
     }
 
-    std::string RootText(std::shared_ptr<Output> const& output) {
+    static std::string RootText(std::shared_ptr<Output> const& output) {
         auto root = output->GetRootObject();
         return root ? root->ToString() : "<none>";
     }
 
     CommandBuilder builder;
-    bool hadLang = false;
-    std::string savedLang;
+    std::optional<std::string> savedLang;
 };
 
 TEST_F(ExtensionCommandTest, LeadingErrorLinesAreTheResult) {
     auto output = Run("printf 'ERROR:disk busy\\nERROR: retry later\\n<o><string>x</string></o>'");
-    EXPECT_EQ((std::vector<std::string>{"disk busy", " retry later"}), output->GetErrors());
+    EXPECT_EQ((Errors{"disk busy", " retry later"}), output->GetErrors());
     EXPECT_EQ("<none>", RootText(output));
-
-    EXPECT_EQ((std::vector<std::string>{"no newline"}),
-              Run("printf 'ERROR:no newline'")->GetErrors());
+    EXPECT_EQ((Errors{"no newline"}), Run("printf 'ERROR:no newline'")->GetErrors());
     output = Run("printf 'fine\\nERROR:not leading'");
     EXPECT_TRUE(output->GetErrors().empty());
     EXPECT_EQ("<none>", RootText(output));  // not a document: no value, no error
 }
 
 TEST_F(ExtensionCommandTest, NoOutputIsReportedWithTheCommandLine) {
-    EXPECT_EQ((std::vector<std::string>{"Got no data from process: true"}),
-              Run("true")->GetErrors());
+    EXPECT_EQ((Errors{"Got no data from process: true"}), Run("true")->GetErrors());
     unsetenv("LANG");
-    EXPECT_EQ((std::vector<std::string>{"Got no data from process: LANG=en_US.UTF-8 true"}),
+    EXPECT_EQ((Errors{"Got no data from process: LANG=en_US.UTF-8 true"}),
               Run("true")->GetErrors());
     // The prefix sets the language for the program.
     EXPECT_EQ("en_US.UTF-8",
@@ -86,8 +78,8 @@ TEST_F(ExtensionCommandTest, DocumentThatCannotBeBuiltIsOneError) {
             "</int></field></structure><structure typeName=\"R\"/></list></o>'");
     ASSERT_EQ(1u, output->GetErrors().size());
     std::string const start =
-        "Unable to parse output of Extension Command: Error parsing command output.  Unable to "
-        "build a proper metaobject from output tag.";
+        "Unable to parse output of Extension Command: Error parsing command "
+        "output.  Unable to build a proper metaobject from output tag.";
     EXPECT_EQ(start, output->GetErrors()[0].substr(0, start.size()));
     EXPECT_NE(std::string::npos, output->GetErrors()[0].find("Invalid structure detected"));
     EXPECT_EQ("<none>", RootText(output));

@@ -2,6 +2,8 @@
 
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "extension/CommandBuilder.h"
 #include "support/ThrownMessage.h"
@@ -25,70 +27,61 @@ TEST(TemplateTest, WorkedExampleByteForByte) {
               command->SubstituteInput(input, false));
 }
 
-TEST(TemplateTest, TemplatesWithoutPlaceholdersAreKept) {
-    CommandBuilder builder;
-    builder.Parameter("xx", Kind::ParamString);
-    auto input = builder.Input({{"xx", "v"}});
-    EXPECT_EQ("", builder.Build("")->SubstituteInput(input, false));
-    EXPECT_EQ("plain {text} %s",
-              builder.Build("", "plain {text} %s")->SubstituteInput(input, true));
-}
+// The command line (or, with onStdin, the standard input) the template gives for the values.
+struct Filler : CommandBuilder {
+    Filler(Kind kind, std::vector<std::pair<std::string, std::string>> const& values) {
+        Parameter("xx", kind).Parameter("yy", Kind::ParamString);
+        input = Input(values);
+    }
+    std::string operator()(std::string const& text, bool onStdin = false) {
+        return Build(onStdin ? "" : text, onStdin ? text : "")->SubstituteInput(input, onStdin);
+    }
+    std::shared_ptr<Tindra::CallSpec::Input> input;
+};
 
 TEST(TemplateTest, ValuesAreEscapedByPlace) {
-    CommandBuilder builder;
-    builder.Parameter("xx", Kind::ParamString);
-    auto input = builder.Input({{"xx", "it's a;b"}});
-    EXPECT_EQ("p 'its a;b'", builder.Build("p '$val{xx}'")->SubstituteInput(input, false));
-    EXPECT_EQ("p it\\'s a\\;b", builder.Build("p $val{xx}")->SubstituteInput(input, false));
-    EXPECT_EQ("p \"it\\'s a\\;b\"", builder.Build("p \"$val{xx}\"")->SubstituteInput(input, false));
+    Filler fill(Kind::ParamString, {{"xx", "it's a;b"}});
+    EXPECT_EQ("", fill(""));
+    EXPECT_EQ("plain {text} %s", fill("plain {text} %s", true));
+    EXPECT_EQ("p 'its a;b'", fill("p '$val{xx}'"));
+    EXPECT_EQ("p it\\'s a\\;b", fill("p $val{xx}"));
+    EXPECT_EQ("p \"it\\'s a\\;b\"", fill("p \"$val{xx}\""));
     // Each occurrence is escaped for its own place, not for the last one's.
-    EXPECT_EQ("p it\\'s a\\;b 'its a;b' it\\'s a\\;b",
-              builder.Build("p $val{xx} '$val{xx}' $val{xx}")->SubstituteInput(input, false));
-    EXPECT_EQ("it's a;b\n'it's a;b'",
-              builder.Build("", "$val{xx}\n'$val{xx}'")->SubstituteInput(input, true));
+    EXPECT_EQ("p it\\'s a\\;b 'its a;b' it\\'s a\\;b", fill("p $val{xx} '$val{xx}' $val{xx}"));
+    EXPECT_EQ("it's a;b\n'it's a;b'", fill("$val{xx}\n'$val{xx}'", true));
     // Lines of a template are one text: a placeholder on a later line is found.
-    EXPECT_EQ("p\nit\\'s a\\;b\n", builder.Build("p\n$val{xx}\n")->SubstituteInput(input, false));
+    EXPECT_EQ("p\nit\\'s a\\;b\n", fill("p\n$val{xx}\n"));
 }
 
 TEST(TemplateTest, ConditionalSections) {
-    CommandBuilder builder;
-    builder.Parameter("xx", Kind::ParamFlag).Parameter("yy", Kind::ParamString);
-    auto none = builder.Input({});
-    auto both = builder.Input({{"xx", ""}, {"yy", "v"}});
-    auto command = builder.Build("p $if{xx,--x} $if{yy,{a} -y $val{yy}}|$if{xx,{n{e}s}t}|${HOME}");
-    EXPECT_EQ("p  ||${HOME}", command->SubstituteInput(none, false));
+    Filler none(Kind::ParamFlag, {}), both(Kind::ParamFlag, {{"xx", ""}, {"yy", "v"}});
+    std::string const text = "p $if{xx,--x} $if{yy,{a} -y $val{yy}}|$if{xx,{n{e}s}t}|${HOME}";
+    EXPECT_EQ("p  ||${HOME}", none(text));
     // A section's text ends at its first closing brace.
-    EXPECT_EQ("p --x {a -y v}|{n{es}t}|${HOME}", command->SubstituteInput(both, false));
+    EXPECT_EQ("p --x {a -y v}|{n{es}t}|${HOME}", both(text));
     // An unpaired brace is passed over; sections after it still go.
-    EXPECT_EQ("p { ", builder.Build("p { $if{xx,a}")->SubstituteInput(none, false));
+    EXPECT_EQ("p { ", none("p { $if{xx,a}"));
 }
 
 TEST(TemplateTest, JoinedLists) {
-    CommandBuilder builder;
-    builder.Parameter("xx", Kind::ParamStringList);
-    auto input = builder.Input({{"xx", "p"}, {"xx", "q;r"}});
+    Filler fill(Kind::ParamStringList, {{"xx", "p"}, {"xx", "q;r"}});
+    CommandBuilder& builder = fill;
     auto command = builder.Build("c $list{xx,',',true} $list{xx,'-',false}", "$list{xx,',',true}");
     // The last occurrence chooses the separator and quoting for all of them.
-    EXPECT_EQ("c p-q\\;r p-q\\;r", command->SubstituteInput(input, false));
-    EXPECT_EQ("\"p,q;r\"", command->SubstituteInput(input, true));
-    auto joined = builder.Build("c $list{xx,'',false}", "$list{xx,'',false}");
-    EXPECT_EQ("c pq\\;r", joined->SubstituteInput(input, false));
-    EXPECT_EQ(std::string("p\0q;r", 5), joined->SubstituteInput(input, true));
+    EXPECT_EQ("c p-q\\;r p-q\\;r", command->SubstituteInput(fill.input, false));
+    EXPECT_EQ("\"p,q;r\"", command->SubstituteInput(fill.input, true));
+    EXPECT_EQ("c pq\\;r", fill("c $list{xx,'',false}"));
+    EXPECT_EQ(std::string("p\0q;r", 5), fill("$list{xx,'',false}", true));
 }
 
 TEST(TemplateTest, RepeatedOptions) {
-    CommandBuilder builder;
-    builder.Parameter("xx", Kind::ParamStringList);
-    auto empty = builder.Input({});
-    empty->GetParameters()["xx"];  // given, without items
-    EXPECT_EQ("c ", builder.Build("c $multilist{xx,-o,false}")->SubstituteInput(empty, false));
-    auto input = builder.Input({{"xx", "a\"$HOME`id`\\"}, {"xx", "b c"}});
-    EXPECT_EQ("c  -o \"a\\$HOME\\`id\\`\\\\\" -o \"b c\"",
-              builder.Build("c $multilist{xx,-o,true}")->SubstituteInput(input, false));
-    EXPECT_EQ("c  -o a\\\"\\$HOME\\`id\\`\\\\ -o b c",
-              builder.Build("c $multilist{xx,-o,false}")->SubstituteInput(input, false));
-    EXPECT_EQ(" -o \"a\"$HOME`id`\\\" -o \"b c\"",
-              builder.Build("", "$multilist{xx,-o,true}")->SubstituteInput(input, true));
+    Filler empty(Kind::ParamStringList, {});
+    empty.input->GetParameters()["xx"];  // given, without items
+    EXPECT_EQ("c ", empty("c $multilist{xx,-o,false}"));
+    Filler fill(Kind::ParamStringList, {{"xx", "a\"$HOME`id`\\"}, {"xx", "b c"}});
+    EXPECT_EQ("c  -o \"a\\$HOME\\`id\\`\\\\\" -o \"b c\"", fill("c $multilist{xx,-o,true}"));
+    EXPECT_EQ("c  -o a\\\"\\$HOME\\`id\\`\\\\ -o b c", fill("c $multilist{xx,-o,false}"));
+    EXPECT_EQ(" -o \"a\"$HOME`id`\\\" -o \"b c\"", fill("$multilist{xx,-o,true}", true));
 }
 
 TEST(TemplateTest, MissingSpecificationsFailOnUse) {

@@ -4,9 +4,16 @@
 #include <memory>
 #include <string>
 
+#include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaObject.h"
 #include "tindra/metaobj/MetaStruct.h"
+
+// The prefix of every error met while building a value from command output.
+inline std::string const kOutputWrap =
+    "Error parsing command output.  Unable to build a proper metaobject from output tag.  output "
+    "must contain properly formatted tags of type bool, int, string, structure and list. Error "
+    "was : ";
 
 // A canonical text of a value with every kind, type name and list template spelled out, so
 // that two values compare equal exactly when they are the same value.
@@ -44,6 +51,16 @@ inline std::string DescribeValue(std::shared_ptr<Tindra::MetaObj::MetaObject> co
         }
     }
     return "<unknown kind>";
+}
+
+// The described value the parse gives, or "throws: " and its message.
+template <typename Parse>
+std::string Outcome(Parse parse, std::string const& text) {
+    try {
+        return DescribeValue(parse(text));
+    } catch (Tindra::TindraException const& error) {
+        return std::string("throws: ") + error.what();
+    }
 }
 
 #endif

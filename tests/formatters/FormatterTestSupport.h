@@ -26,16 +26,17 @@ inline FormatParameters Params(std::initializer_list<std::pair<char const*, char
     return params;
 }
 
-// Runs a whole formatter on a root value and returns what it wrote.
-inline std::string Render(Formatter& formatter, std::shared_ptr<MetaObject> const& root,
-                          FormatParameters params = FormatParameters(), uint16_t width = 0,
-                          bool* result = nullptr) {
+// Runs a whole formatter of the given class on a root value and returns what it wrote.
+template <typename TheFormatter>
+std::string Render(std::shared_ptr<MetaObject> const& root,
+                   FormatParameters params = FormatParameters(), uint16_t width = 0,
+                   bool* result = nullptr) {
     auto output = CallSpec::Output::New();
     output->SetRootObject(root);
     DisplayContext display;
     display.width = width;
     std::ostringstream out;
-    bool const formatted = formatter.Format(output, params, display, out);
+    bool const formatted = TheFormatter().Format(output, params, display, out);
     if (result != nullptr) {
         *result = formatted;
     }

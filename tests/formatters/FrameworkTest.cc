@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include <boost/regex.hpp>
 
 #include "FormatterTestSupport.h"
@@ -27,9 +29,8 @@ TEST(FormatParameters, LookupAndOverride) {
     FormatParameters base = Params({{"keep", "1"}, {"both", "old"}, {"empty", ""}});
     base.SetFormatter("table");
     EXPECT_TRUE(base.HasParameter("empty"));
-    EXPECT_EQ(base.GetParameter("absent"), "");
     EXPECT_FALSE(base.HasParameter("absent"));
-
+    EXPECT_EQ(base.GetParameter("absent"), "");
     FormatParameters other = Params({{"both", "new"}, {"added", "2"}});
     base.OverrideValues(other);
     EXPECT_EQ(base.GetFormatter(), "table");
@@ -48,7 +49,6 @@ TEST(FieldHelpers, SubFieldWalksNestedStructures) {
     outer->SetField("a", inner);
     outer->SetField("b", "outer b");
     outer->SetField("n", 1L);
-
     EXPECT_EQ(GetSubField(outer, "a.b")->ToString(), "7");
     EXPECT_EQ(GetSubField(outer, "missing.b")->ToString(), "outer b");
     EXPECT_EQ(GetSubField(outer, "a.missing"), nullptr);
@@ -58,7 +58,6 @@ TEST(FieldHelpers, SubFieldWalksNestedStructures) {
     EXPECT_EQ(GetStringField(outer, "b"), "outer b");
     EXPECT_EQ(GetStringField(outer, "n"), "");
     EXPECT_EQ(GetStringField(outer, "missing"), "");
-    EXPECT_EQ(GetIndent(0), "");
     EXPECT_EQ(GetIndent(-1), "");
     EXPECT_EQ(GetIndent(2), "      ");
 }
@@ -73,12 +72,9 @@ std::string FormatWith(char const* printf, std::shared_ptr<MetaObject> const& va
 }
 
 TEST(FormatField, OneMatchingConversionIsApplied) {
-    EXPECT_EQ(FormatWith("%05ld", MetaInt::New(42)), "00042");
     EXPECT_EQ(FormatWith("%05ld", MetaInt::New(42), "MB"), "00042 MB");
     EXPECT_EQ(FormatWith("%d", MetaBool::New(true)), "1");
-    EXPECT_EQ(FormatWith("%x", MetaBool::New(false)), "0");
-    // A plain conversion still receives all 64 bits.
-    EXPECT_EQ(FormatWith("%d", MetaInt::New(1L << 40)), "1099511627776");
+    EXPECT_EQ(FormatWith("%d", MetaInt::New(1L << 40)), "1099511627776");  // all 64 bits
     EXPECT_EQ(FormatWith("[%+lld]", MetaInt::New(-5)), "[-5]");
     EXPECT_EQ(FormatWith("%#lx", MetaInt::New(255)), "0xff");
     EXPECT_EQ(FormatWith("%c", MetaInt::New(65)), "A");
@@ -88,9 +84,6 @@ TEST(FormatField, OneMatchingConversionIsApplied) {
     EXPECT_EQ(FormatWith("%d", MetaList::New(MetaType::Int)), "");
     FormatParameters none;
     EXPECT_EQ(AutoCli_FormatField("T", "F", nullptr, none), "NULL Object");
-}
-
-TEST(FormatField, ResultIsCutToTheBuffer) {
     // Buffer: 4 (format) + 1 (default text) + 65 bytes, one kept for the terminator.
     EXPECT_EQ(FormatWith("%99d", MetaInt::New(7)), std::string(69, ' '));
     EXPECT_EQ(FormatWith("%-65535d", MetaInt::New(7)).size(), 8u + 1 + 65 - 1);
@@ -100,15 +93,63 @@ TEST(FormatField, FormatsThatCouldReadMissingArgumentsAreRefused) {
     std::string const refused =
         "Error while handling formatting parameter printf:T.F.  Unable to format field: "
         "Invalid argument";
-    auto const number = MetaInt::New(3);
     for (char const* format :
          {"%s", "%d %d", "%*d", "%.*d", "%n", "%f", "%p", "%hd", "%jd", "%1$d", "%", "%5",
           "no conversion", "%%", "%ls", "%Lf", "%65536d", "%.100000d", "%-00001000000d"}) {
-        EXPECT_EQ(FormatWith(format, number, "MB"), refused) << format;
+        EXPECT_EQ(FormatWith(format, MetaInt::New(3), "MB"), refused) << format;
     }
     EXPECT_EQ(FormatWith("%d", MetaString::New("x")), refused);
     EXPECT_EQ(FormatWith("%s", MetaBool::New(true)), refused);
     EXPECT_EQ(FormatWith("%ld", MetaBool::New(true)), refused);
+}
+
+struct FitCase {
+    int indent, width;
+    char const* text;
+    bool indented, endLine;
+    char breakChar;
+    bool splitLines;
+    char const* expected;
+};
+
+TEST(FitString, WrappingRules) {
+    FitCase const cases[] = {
+        // Wraps at blanks, leaving the break blank (or the break character) at the line end.
+        {4, 20, "alpha beta gamma delta epsilon", false, true, 0, false,
+         "    alpha beta \n    gamma delta \n    epsilon\n"},
+        {4, 20, "alpha beta gamma delta", false, false, '\\', false,
+         "    alpha beta\\\n    gamma delta"},
+        // A first word too long breaks before it.
+        {4, 10, "abcdefghijkl", false, true, 0, false, "     \n    abcdefghijkl\n"},
+        {4, 10, "abcdefghijkl", true, false, '+', false, "+\n    abcdefghijkl"},
+        // Text that fits keeps every blank; too long, each empty word costs a column.
+        {2, 20, "a  b ", false, true, 0, false, "  a  b \n"},
+        {0, 5, "aaa  bbb", true, false, 0, false, "aaa  \n bbb"},
+        // The indent is a field width, so 0 and 1 both give one blank.
+        {0, 80, "x", false, false, 0, false, " x"},
+        {1, 80, "x", false, false, 0, false, " x"},
+        // No wrapping when the width is not beyond the indent.
+        {4, 0, "a long text that would wrap", false, true, 0, false,
+         "    a long text that would wrap\n"},
+        {4, 4, "a long text that would wrap", true, false, 0, false, "a long text that would wrap"},
+        {10, -3, "a long text that would wrap", true, false, 0, true,
+         "a long text that would wrap"},
+        // Split lines start every line at the indent.
+        {2, 80, "", false, true, 0, true, ""},
+        {2, 80, "a\nb\n", true, true, 0, true, "a\n  b\n"},
+        {2, 80, "a\n\nb", true, false, 0, true, "a\n  \n  b"},
+        {2, 8, "one two\nthree four", false, true, 0, true, "  one \n  two\n  three \n  four\n"},
+    };
+    for (FitCase const& c : cases) {
+        std::ostringstream out;
+        AutoCli_FitString(c.indent, c.width, c.text, c.indented, out, c.endLine, c.breakChar,
+                          c.splitLines);
+        EXPECT_EQ(out.str(), c.expected) << c.text << " at width " << c.width;
+    }
+    std::ostringstream left;
+    left << std::left;
+    AutoCli_FitString(3, 80, "x", false, left, false, 0, false);
+    EXPECT_EQ(left.str(), "   x");
 }
 
 }  // namespace

@@ -8,34 +8,26 @@
 
 using namespace Tindra::MetaObj;
 
-TEST(SharedInstances, BooleansAreTheTwoSharedObjects) {
+TEST(SharedInstances, BooleansSmallIntegersAndTheEmptyString) {
     EXPECT_EQ(MetaBool::New(true), MetaBool::New(true));
     EXPECT_EQ(MetaBool::New(false), MetaBool::New());
     EXPECT_NE(MetaBool::New(true), MetaBool::New(false));
     EXPECT_TRUE(MetaBool::New(true)->GetValue());
-}
-
-TEST(SharedInstances, IntegersFromMinusOneToTwentyAreShared) {
-    EXPECT_EQ(MetaInt::New(20L), MetaInt::New(20L));
-    EXPECT_EQ(MetaInt::New(-1L), MetaInt::New(-1L));
-    EXPECT_EQ(MetaInt::New(), MetaInt::New(0L));
     for (long v = -1; v <= 20; ++v) {
+        EXPECT_EQ(MetaInt::New(v), MetaInt::New(v));
         EXPECT_EQ(v, MetaInt::New(v)->GetValue());
     }
-    auto const first = MetaInt::New(21L);
-    auto const second = MetaInt::New(21L);
-    EXPECT_NE(first, second);
-    EXPECT_EQ(first->GetValue(), second->GetValue());
+    EXPECT_EQ(MetaInt::New(), MetaInt::New(0L));
+    EXPECT_NE(MetaInt::New(21L), MetaInt::New(21L));
     EXPECT_NE(MetaInt::New(-2L), MetaInt::New(-2L));
-}
+    EXPECT_EQ(21, MetaInt::New(21L)->GetValue());
 
-TEST(SharedInstances, EveryEmptyStringIsTheSameObject) {
-    std::string empty;
-    auto const shared = MetaString::New();
-    EXPECT_EQ(shared, MetaString::New(""));
-    EXPECT_EQ(shared, MetaString::New(empty));
-    EXPECT_EQ(shared, MetaString::New(std::string()));
-    EXPECT_EQ(shared, MetaString::NewUtf8WithEscapes(std::string()));
+    std::string const lvalue;
+    auto const empty = MetaString::New();
+    EXPECT_EQ(empty, MetaString::New(""));
+    EXPECT_EQ(empty, MetaString::New(lvalue));
+    EXPECT_EQ(empty, MetaString::New(std::string()));
+    EXPECT_EQ(empty, MetaString::NewUtf8WithEscapes(std::string()));
     EXPECT_NE(MetaString::New("x"), MetaString::New("x"));
 }
 
@@ -50,25 +42,22 @@ TEST(Names, KindNamesAndStructNames) {
     EXPECT_TRUE(IsValidFieldName("Param List"));
 }
 
-TEST(ScalarComparison, ComparesKindsNotValues) {
+TEST(Scalars, CompareKindsNotValuesAndPrintPlainTexts) {
     std::vector<std::string> errors;
     EXPECT_TRUE(MetaInt::New(3L)->IsSameStructure(MetaInt::New(400L), &errors));
     EXPECT_TRUE(MetaString::New("a")->IsSameStructure(MetaString::New(), &errors));
     EXPECT_TRUE(errors.empty());
-
     EXPECT_FALSE(MetaInt::New(1L)->IsSameStructure(MetaString::New("1"), &errors));
     EXPECT_EQ(std::vector<std::string>{"Type mismatch in structure.  Expecting Int got String"},
               errors);
     EXPECT_FALSE(MetaBool::New()->IsSameStructure(MetaInt::New(0L), nullptr));
-}
 
-TEST(ScalarPrinting, UsesPlainTexts) {
     std::ostringstream out;
     out << *MetaInt::New(-42L) << '|' << *MetaBool::New(true) << '|' << *MetaString::New("'s'");
     EXPECT_EQ("-42|true|'s'", out.str());
 }
 
-TEST(Utf8Escapes, OnlyInvalidTextIsEscaped) {
+TEST(Scalars, OnlyInvalidUtf8IsEscaped) {
     std::string const valid = "gr\xC3\xBC\xC3\x9F \xF0\x9F\x98\x80";
     EXPECT_EQ(valid, MetaString::NewUtf8WithEscapes(std::string(valid))->GetValue());
     EXPECT_EQ("ok \xC3\xA9 \\xE9", MetaString::NewUtf8WithEscapes("ok \xC3\xA9 \xE9")->GetValue());

@@ -20,14 +20,12 @@ std::string Escaped(std::string const& text) {
 
 }  // namespace
 
-TEST(Utf8Validity, AcceptsEachSequenceLengthAtItsLimits) {
+TEST(Utf8, ValidityAtEachSequenceLimit) {
     for (char const* good : {"", "\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
                              "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(IsValid(good)) << Escaped(good);
     }
-}
-
-TEST(Utf8Validity, RejectsOverlongsSurrogatesOutOfRangeAndTruncation) {
+    // Overlongs, surrogates, beyond U+10FFFF, stray continuation, truncation.
     for (char const* bad :
          {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80",
           "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\x80", "\xE2\x82",
@@ -38,12 +36,11 @@ TEST(Utf8Validity, RejectsOverlongsSurrogatesOutOfRangeAndTruncation) {
     EXPECT_TRUE(Utf8_IsBufferValid("abc\0\xFF", -1, kEncodingUtf8));
 }
 
-TEST(Utf8Escape, EscapesEachStrayByteAndKeepsValidNeighbours) {
+TEST(Utf8, EscapesEachStrayByteAndKeepsValidNeighbours) {
     EXPECT_EQ("\\xE2\\x82A", Escaped("\xE2\x82"
                                      "A"));
     EXPECT_EQ("\\xED\\xA0\\x80", Escaped("\xED\xA0\x80"));
     EXPECT_EQ("\xE2\x82\xAC\\x80\xE2\x82\xAC", Escaped("\xE2\x82\xAC\x80\xE2\x82\xAC"));
-
     std::string everyByte;
     for (int b = 1; b < 256; ++b) {
         everyByte += static_cast<char>(b);

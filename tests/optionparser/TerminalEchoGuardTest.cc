@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -19,68 +17,61 @@
 namespace {
 
 using TestSupport::PseudoTerminal;
+using TestSupport::RunInChild;
 using Tindra::Platform::TerminalEchoGuard;
 
-void (*CurrentHandler(int signal))(int) {
+using Handler = void (*)(int);
+
+Handler CurrentHandler(int signal) {
     struct sigaction current {};
     sigaction(signal, nullptr, &current);
     return current.sa_handler;
 }
 
-TEST(TerminalEchoGuardTest, SwitchesOnlyEchoOffAndRestoresTheAttributes) {
+TEST(TerminalEchoGuardTest, SwitchesOnlyEchoOffAndRestoresOnScopeExitAndException) {
     PseudoTerminal terminal;
     tcflag_t before = terminal.LocalModes();
     ASSERT_TRUE(before & ECHO);
-    {
+    try {
         TerminalEchoGuard guard(terminal.slave.Get());
         EXPECT_TRUE(guard.IsActive());
         EXPECT_EQ(before & ~static_cast<tcflag_t>(ECHO), terminal.LocalModes());
-    }
-    EXPECT_EQ(before, terminal.LocalModes());
-}
-
-TEST(TerminalEchoGuardTest, RestoresWhenLeftByAnException) {
-    PseudoTerminal terminal;
-    try {
-        TerminalEchoGuard guard(terminal.slave.Get());
-        ASSERT_FALSE(terminal.Echoes());
         throw std::runtime_error("read failed");
     } catch (std::runtime_error const&) {
     }
-    EXPECT_TRUE(terminal.Echoes());
+    EXPECT_EQ(before, terminal.LocalModes());
+
+    auto pipe = TestSupport::Pipe::Open();
+    Handler handler = CurrentHandler(SIGTERM);
+    TerminalEchoGuard onPipe(pipe.read.Get());
+    EXPECT_FALSE(onPipe.IsActive());
+    EXPECT_EQ(handler, CurrentHandler(SIGTERM)) << "no terminal, nothing to guard";
 }
 
 TEST(TerminalEchoGuardTest, HandlersAreReplacedOnlyWhileTheGuardLives) {
     PseudoTerminal terminal;
-    auto result = TestSupport::RunInChild([&terminal] {
+    auto result = RunInChild([&terminal] {
         int const signals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+        auto show = [&signals] {
+            for (int signal : signals) {
+                std::cout << (CurrentHandler(signal) == SIG_DFL ? "default;" : "ours;");
+            }
+        };
         for (int signal : signals) {
             ::signal(signal, SIG_DFL);
         }
         {
             TerminalEchoGuard guard(terminal.slave.Get());
-            for (int signal : signals) {
-                std::cout << (CurrentHandler(signal) == SIG_DFL ? "default;" : "ours;");
-            }
+            show();
         }
-        for (int signal : signals) {
-            std::cout << (CurrentHandler(signal) == SIG_DFL ? "default;" : "ours;");
-        }
+        show();
     });
     EXPECT_EQ("ours;ours;ours;ours;default;default;default;default;", result.out);
 }
 
-TEST(TerminalEchoGuardTest, DoesNothingOnADescriptorThatIsNoTerminal) {
-    auto pipe = TestSupport::Pipe::Open();
-    auto before = CurrentHandler(SIGTERM);
-    TerminalEchoGuard guard(pipe.read.Get());
-    EXPECT_FALSE(guard.IsActive());
-    EXPECT_EQ(before, CurrentHandler(SIGTERM));
-}
-
 TEST(TerminalEchoGuardTest, ASignalWithDefaultActionRestoresTheTerminalAndStillKills) {
     PseudoTerminal terminal;
-    auto result = TestSupport::RunInChild([&terminal] {
+    auto result = RunInChild([&terminal] {
         signal(SIGTERM, SIG_DFL);
         TerminalEchoGuard guard(terminal.slave.Get());
         raise(SIGTERM);
@@ -97,29 +88,23 @@ extern "C" void ReportInterrupt(int) {
     (void)ignored;
 }
 
-TEST(TerminalEchoGuardTest, ASignalReachesThePreviousHandlerAfterTheTerminalIsRestored) {
+TEST(TerminalEchoGuardTest, ACaughtSignalRestoresAndReachesThePreviousHandlerAnIgnoredOneNot) {
     PseudoTerminal terminal;
-    auto result = TestSupport::RunInChild([&terminal] {
-        signal(SIGINT, ReportInterrupt);
-        TerminalEchoGuard guard(terminal.slave.Get());
-        raise(SIGINT);
-        std::cout << (terminal.Echoes() ? "echo on;" : "echo off;");
-        std::cout << (CurrentHandler(SIGINT) == ReportInterrupt ? "handler back" : "ours");
-    });
-    EXPECT_EQ(0, result.status);
-    EXPECT_EQ("previous handler;echo on;handler back", result.out);
-}
-
-TEST(TerminalEchoGuardTest, AnIgnoredSignalStaysIgnoredAndEchoStaysOff) {
-    PseudoTerminal terminal;
-    auto result = TestSupport::RunInChild([&terminal] {
-        signal(SIGHUP, SIG_IGN);
-        TerminalEchoGuard guard(terminal.slave.Get());
-        raise(SIGHUP);
-        std::cout << (terminal.Echoes() ? "echo on" : "echo off");
-    });
-    EXPECT_EQ(0, result.status);
-    EXPECT_EQ("echo off", result.out);
+    auto raiseUnderGuard = [&terminal](int signal, Handler previous) {
+        return RunInChild([&terminal, signal, previous] {
+            ::signal(signal, previous);
+            TerminalEchoGuard guard(terminal.slave.Get());
+            raise(signal);
+            std::cout << (terminal.Echoes() ? "echo on;" : "echo off;");
+            std::cout << (CurrentHandler(signal) == previous ? "handler back" : "ours");
+        });
+    };
+    auto interrupted = raiseUnderGuard(SIGINT, ReportInterrupt);
+    EXPECT_EQ(0, interrupted.status);
+    EXPECT_EQ("previous handler;echo on;handler back", interrupted.out);
+    auto hungUp = raiseUnderGuard(SIGHUP, SIG_IGN);
+    EXPECT_EQ(0, hungUp.status);
+    EXPECT_EQ(0u, hungUp.out.find("echo off;"));
 }
 
 // The whole prompt over a terminal: the typed line is returned and nothing is echoed back.
@@ -132,9 +117,7 @@ TEST(SilentStringTest, ReadsALineFromATerminalWithoutEchoingIt) {
     if (pid == 0) {
         dup2(terminal.slave.Get(), 0);
         std::string line = Tindra::AutoCli::OptionParser::GetSilentString();
-        ssize_t ignored = write(answer.write.Get(), line.data(), line.size());
-        (void)ignored;
-        _exit(0);
+        _exit(write(answer.write.Get(), line.data(), line.size()) < 0);
     }
     answer.write.Reset();
     // Type only once the child has switched echo off; before that the terminal would echo.
@@ -142,10 +125,7 @@ TEST(SilentStringTest, ReadsALineFromATerminalWithoutEchoingIt) {
         usleep(1000);
     }
     ASSERT_FALSE(terminal.Echoes());
-    std::string typed = "top secret\n";
-    ASSERT_EQ(static_cast<ssize_t>(typed.size()),
-              write(terminal.master.Get(), typed.data(), typed.size()));
-
+    ASSERT_EQ(11, write(terminal.master.Get(), "top secret\n", 11));
     char buffer[64];
     ssize_t n = read(answer.read.Get(), buffer, sizeof buffer);
     EXPECT_EQ("top secret", std::string(buffer, n > 0 ? n : 0));

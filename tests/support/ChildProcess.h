@@ -1,9 +1,8 @@
 #ifndef TINDRA_TESTS_SUPPORT_CHILDPROCESS_H
 #define TINDRA_TESTS_SUPPORT_CHILDPROCESS_H
 
-// Runs code or a program in a child process with standard input, output and error connected
-// to pipes, feeds the input and collects both outputs. Header only: tests/support builds no
-// program of its own.
+// Runs code or a program in a child process with standard input, output and error on pipes,
+// feeds the input and collects both outputs. Header only: tests/support builds no program.
 
 #include <errno.h>
 #include <fcntl.h>
@@ -13,11 +12,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 extern char** environ;
@@ -36,11 +35,7 @@ public:
     ~OwnedFd() { Reset(); }
 
     int Get() const { return fd; }
-    int Release() {
-        int released = fd;
-        fd = -1;
-        return released;
-    }
+    int Release() { return std::exchange(fd, -1); }
     void Reset(int newFd = -1) {
         if (fd >= 0) {
             close(fd);
@@ -61,10 +56,7 @@ struct Pipe {
         if (pipe2(fds, O_CLOEXEC) != 0) {
             throw std::runtime_error("pipe failed");
         }
-        Pipe result;
-        result.read.Reset(fds[0]);
-        result.write.Reset(fds[1]);
-        return result;
+        return Pipe{OwnedFd(fds[0]), OwnedFd(fds[1])};
     }
 };
 
@@ -80,12 +72,7 @@ struct StandardPipes {
     Pipe out = Pipe::Open();
     Pipe err = Pipe::Open();
 
-    void CloseAll() {
-        for (Pipe* p : {&in, &out, &err}) {
-            p->read.Reset();
-            p->write.Reset();
-        }
-    }
+    void CloseAll() { *this = StandardPipes{Pipe{}, Pipe{}, Pipe{}}; }
 };
 
 inline int DecodeWaitStatus(int status) {
@@ -105,9 +92,11 @@ inline void ExchangeWithChild(StandardPipes& pipes, std::string const& input, Ch
     if (input.empty()) {
         pipes.in.write.Reset();
     }
-    while (pipes.out.read.Get() >= 0 || pipes.err.read.Get() >= 0) {
-        pollfd fds[3] = {{pipes.out.read.Get(), POLLIN, 0},
-                         {pipes.err.read.Get(), POLLIN, 0},
+    OwnedFd* readers[2] = {&pipes.out.read, &pipes.err.read};
+    std::string* sinks[2] = {&result.out, &result.err};
+    while (readers[0]->Get() >= 0 || readers[1]->Get() >= 0) {
+        pollfd fds[3] = {{readers[0]->Get(), POLLIN, 0},
+                         {readers[1]->Get(), POLLIN, 0},
                          {pipes.in.write.Get(), POLLOUT, 0}};
         if (poll(fds, 3, -1) < 0) {
             if (errno == EINTR) {
@@ -122,8 +111,6 @@ inline void ExchangeWithChild(StandardPipes& pipes, std::string const& input, Ch
                 pipes.in.write.Reset();
             }
         }
-        OwnedFd* readers[2] = {&pipes.out.read, &pipes.err.read};
-        std::string* sinks[2] = {&result.out, &result.err};
         for (int i = 0; i < 2; ++i) {
             if (fds[i].revents & (POLLIN | POLLHUP | POLLERR)) {
                 char buffer[65536];
@@ -149,6 +136,13 @@ inline int WaitForChild(pid_t pid) {
     return DecodeWaitStatus(status);
 }
 
+inline ChildResult CollectFromChild(pid_t pid, StandardPipes& pipes, std::string const& input) {
+    ChildResult result;
+    ExchangeWithChild(pipes, input, result);
+    result.status = WaitForChild(pid);
+    return result;
+}
+
 // Runs body in a forked child whose standard streams are the pipes; the child ends with
 // status 0 after body returns.
 inline ChildResult RunInChild(std::function<void()> const& body, std::string const& input = "") {
@@ -172,10 +166,7 @@ inline ChildResult RunInChild(std::function<void()> const& body, std::string con
         std::cerr.flush();
         _exit(0);
     }
-    ChildResult result;
-    ExchangeWithChild(pipes, input, result);
-    result.status = WaitForChild(pid);
-    return result;
+    return CollectFromChild(pid, pipes, input);
 }
 
 // Starts a program with an explicit argument vector (argv[0] included) and extra environment
@@ -214,10 +205,7 @@ inline ChildResult RunProgram(std::string const& path, std::vector<std::string> 
     if (rc != 0) {
         throw std::runtime_error("posix_spawn of " + path + " failed");
     }
-    ChildResult result;
-    ExchangeWithChild(pipes, input, result);
-    result.status = WaitForChild(pid);
-    return result;
+    return CollectFromChild(pid, pipes, input);
 }
 
 }  // namespace TestSupport

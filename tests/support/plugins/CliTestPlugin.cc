@@ -1,94 +1,57 @@
 // A compiled plug-in with what the command-line tests need beyond the built-in command: a
 // secret parameter, a command without default formatter and a command that fails.
-#include <memory>
 #include <stdexcept>
 
+#include "support/tree/ScriptedCommand.h"
 #include "tindra/tindra.h"
 
 namespace {
 
-using Tindra::AutoCli::Command;
-using Tindra::AutoCli::Namespace;
-using Tindra::AutoCli::NamespaceNode;
-using Tindra::CallSpec::Input;
-using Tindra::CallSpec::InputSpec;
-using Tindra::CallSpec::Output;
-using Tindra::CallSpec::OutputSpec;
-using Tindra::CallSpec::ParameterSpec;
-using Tindra::MetaObj::MetaBool;
-using Tindra::MetaObj::MetaString;
-
-std::shared_ptr<OutputSpec> OutputOf(std::shared_ptr<Tindra::MetaObj::MetaObject> const& value) {
-    auto spec = OutputSpec::New();
-    spec->SetRootObject(value);
-    return spec;
-}
+using namespace Tindra;
+using Tindra::Testing::ScriptedCommand;
 
 // Answers "label:password", so a test sees what the prompt read.
-class SecretEcho : public Command {
-public:
-    SecretEcho() {
-        SetDescription("Show the secret.");
-        SetDefaultOutputFormatter("simple");
-    }
-
-protected:
-    std::shared_ptr<InputSpec> GetInputSpecInternal() override {
-        auto spec = InputSpec::New();
-        auto password = ParameterSpec::New("password", Tindra::CallSpec::ParamString);
-        password->SetShortName("p");
-        password->SetSecret(true);
-        password->SetDescription("The secret.");
-        spec->AddParameter(password);
-        auto label = ParameterSpec::New("label", Tindra::CallSpec::ParamString);
-        label->SetRequired(false);
-        label->SetDescription("Shown before the secret.");
-        spec->AddParameter(label);
-        return spec;
-    }
-    std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
-        return OutputOf(MetaString::New());
-    }
-    void ExecuteInternal(std::shared_ptr<Input> input, std::shared_ptr<Output> output) override {
-        output->SetRootObject(
-            MetaString::New(input->GetParameter("label") + ":" + input->GetParameter("password")));
-    }
-};
+std::shared_ptr<ScriptedCommand> SecretEcho() {
+    auto command = ScriptedCommand::New("Show the secret.");
+    command->SetDefaultOutputFormatter("simple");
+    auto password = CallSpec::ParameterSpec::New("password", CallSpec::ParamString);
+    password->SetShortName("p");
+    password->SetSecret(true);
+    password->SetDescription("The secret.");
+    command->declaredInput->AddParameter(password);
+    auto label = CallSpec::ParameterSpec::New("label", CallSpec::ParamString);
+    label->SetRequired(false);
+    label->SetDescription("Shown before the secret.");
+    command->declaredInput->AddParameter(label);
+    command->action = [](CallSpec::Input& input, CallSpec::Output& output) {
+        output.SetRootObject(MetaObj::MetaString::New(input.GetParameter("label") + ":" +
+                                                      input.GetParameter("password")));
+    };
+    return command;
+}
 
 // Succeeds without naming a formatter: nothing is printed.
-class QuietRun : public Command {
-public:
-    QuietRun() { SetDescription("Do nothing visible."); }
+std::shared_ptr<ScriptedCommand> QuietRun() {
+    auto command = ScriptedCommand::New("Do nothing visible.");
+    command->declaredOutput = MetaObj::MetaBool::New();
+    command->action = [](CallSpec::Input&, CallSpec::Output& output) {
+        output.SetRootObject(MetaObj::MetaBool::New(true));
+    };
+    return command;
+}
 
-protected:
-    std::shared_ptr<InputSpec> GetInputSpecInternal() override { return InputSpec::New(); }
-    std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
-        return OutputOf(MetaBool::New());
-    }
-    void ExecuteInternal(std::shared_ptr<Input>, std::shared_ptr<Output> output) override {
-        output->SetRootObject(MetaBool::New(true));
-    }
-};
-
-class FailingRun : public Command {
-public:
-    FailingRun() {
-        SetDescription("Always fails.");
-        SetDefaultOutputFormatter("simple");
-    }
-
-protected:
-    std::shared_ptr<InputSpec> GetInputSpecInternal() override { return InputSpec::New(); }
-    std::shared_ptr<OutputSpec> GetOutputSpecInternal() override {
-        return OutputOf(MetaBool::New());
-    }
-    void ExecuteInternal(std::shared_ptr<Input>, std::shared_ptr<Output>) override {
+std::shared_ptr<ScriptedCommand> FailingRun() {
+    auto command = ScriptedCommand::New("Always fails.");
+    command->SetDefaultOutputFormatter("simple");
+    command->declaredOutput = MetaObj::MetaBool::New();
+    command->action = [](CallSpec::Input&, CallSpec::Output&) {
         throw std::runtime_error("disk on fire");
-    }
-};
+    };
+    return command;
+}
 
-void RegisterCommand(std::shared_ptr<NamespaceNode> const& parent, char const* namespaceName,
-                     std::shared_ptr<Command> command, char const* commandName) {
+void Register(std::shared_ptr<AutoCli::NamespaceNode> const& parent, char const* namespaceName,
+              std::shared_ptr<AutoCli::Command> command, char const* commandName) {
     auto group = parent->SubNamespace(namespaceName);
     group->SetDescription("Test commands.");
     group->RegisterNamespaceNode(std::move(command), commandName);
@@ -96,10 +59,10 @@ void RegisterCommand(std::shared_ptr<NamespaceNode> const& parent, char const* n
 
 }  // namespace
 
-extern "C" void AutoCli_RegisterNamespaces(std::shared_ptr<Namespace> root) {
+extern "C" void AutoCli_RegisterNamespaces(std::shared_ptr<Tindra::AutoCli::Namespace> root) {
     auto top = root->SubNamespace("clitest");
     top->SetDescription("Commands of the command-line tests.");
-    RegisterCommand(top, "secret", std::make_shared<SecretEcho>(), "echo");
-    RegisterCommand(top, "quiet", std::make_shared<QuietRun>(), "run");
-    RegisterCommand(top, "fail", std::make_shared<FailingRun>(), "run");
+    Register(top, "secret", SecretEcho(), "echo");
+    Register(top, "quiet", QuietRun(), "run");
+    Register(top, "fail", FailingRun(), "run");
 }
