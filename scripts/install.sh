@@ -10,4 +10,4 @@ cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release -DTINDRA_BUILD_T
 cmake --build build/release
 $sudo cmake --install build/release >/dev/null
 $sudo ldconfig
-ostrel ostrel command list
+ostrel storage filesystem list

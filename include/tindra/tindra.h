@@ -51,6 +51,7 @@
 #include "tindra/autocli/plugins/CommandList.h"
 #include "tindra/autocli/plugins/InternalPlugin.h"
 #include "tindra/autocli/plugins/SharedLibraryPlugin.h"
+#include "tindra/autocli/plugins/XmlPlugin.h"
 
 #include "tindra/autocli/cli/CliDispatcher.h"
 #include "tindra/autocli/cli/OptionParser.h"
