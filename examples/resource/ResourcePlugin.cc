@@ -8,6 +8,8 @@
 namespace {
 
 // Other plug-ins may share these namespaces; the first one to create them describes them.
+// Descriptor plug-ins accept a top-level namespace declared again only with the same
+// description, so "system" is described exactly as the bundled descriptors describe it.
 std::shared_ptr<Tindra::AutoCli::NamespaceNode> SharedNamespace(
     std::shared_ptr<Tindra::AutoCli::NamespaceNode> const& parent, char const* name,
     char const* description) {
@@ -21,7 +23,7 @@ std::shared_ptr<Tindra::AutoCli::NamespaceNode> SharedNamespace(
 }  // namespace
 
 extern "C" void AutoCli_RegisterNamespaces(std::shared_ptr<Tindra::AutoCli::Namespace> root) {
-    auto system = SharedNamespace(root, "system", "The host system.");
+    auto system = SharedNamespace(root, "system", "Inspect the operating system of this host.");
     auto resource = SharedNamespace(system, "resource", "Memory, load and process limits.");
     resource->RegisterNamespaceNode(ResourceExample::ResourceGetCommand::New(), "get");
 }
