@@ -122,6 +122,21 @@ TEST(DescriptorReadingTest, MetaDataAndFormatParametersTheLastWriteWinning) {
     EXPECT_EQ((Fields{{"", "nameless"}, {"units:D.S", "GB"}}), format.GetParameters());
 }
 
+TEST(DescriptorReadingTest, ExampleEntriesBecomeHelpExamplesInOrder) {
+    auto command = ExtensionCommand::New();
+    ExtractMetaData(Snippet("<meta-data>"
+                            "<meta-data-entry name=\"example:--all\">Everything</meta-data-entry>"
+                            "<meta-data-entry name=\"example:-n\"/>"
+                            "<meta-data-entry name=\"examples\">not one</meta-data-entry>"
+                            "<meta-data-entry name=\"example:\">Defaults</meta-data-entry>"
+                            "</meta-data>")
+                        .Root(),
+                    command);
+    using Examples = std::vector<std::pair<std::string, std::string>>;
+    EXPECT_EQ((Examples{{"--all", "Everything"}, {"", "Defaults"}}), command->GetExamples());
+    EXPECT_EQ("Everything", command->GetMetaDataField("example:--all"));
+}
+
 TEST(DescriptorReadingTest, TheOutputPrototypeIsTheOneValueElement) {
     auto spec = ExtractOutputSpec(
         Snippet("<output-spec><!-- a disk -->\n<list type=\"structure\">"

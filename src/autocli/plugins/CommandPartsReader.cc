@@ -13,19 +13,32 @@ using CallSpec::OutputSpec;
 
 namespace {
 
+// Descriptors have no element of their own for usage examples: an entry named
+// "example:<arguments>" is kept as meta data and also shown in the command's help.
+void AddExampleFromMetaData(std::string const& name, ExtensionCommand& command) {
+    static std::string const prefix = "example:";
+    if (name.compare(0, prefix.size(), prefix) == 0) {
+        command.AddExample(name.substr(prefix.size()), command.GetMetaDataField(name));
+    }
+}
+
 void ExtractMetaDataEntry(xmlNode* entry, ExtensionCommand& command) {
+    std::string name;
     // Each piece of content sets the field again, so the last piece wins; an empty entry
     // sets nothing and its name is not looked at.
     for (xmlNode* piece = FirstChildOf(entry); piece != nullptr; piece = piece->next) {
         if (!CarriesContent(piece)) {
             continue;
         }
-        std::string name = XmlUtil_ExtractAttribute(entry, "name");
+        name = XmlUtil_ExtractAttribute(entry, "name");
         if (name.empty()) {
             throw TindraException(
                 "Error parsing 'meta-data-entry', missing required attribute 'name'");
         }
-        command.SetMetaDataField(std::move(name), NodeContent(piece));
+        command.SetMetaDataField(name, NodeContent(piece));
+    }
+    if (!name.empty()) {
+        AddExampleFromMetaData(name, command);
     }
 }
 
