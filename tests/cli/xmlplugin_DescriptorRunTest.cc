@@ -1,6 +1,6 @@
-// Descriptor plug-ins through the built tool: loading errors as the user sees them, the
-// command line and standard input made from the templates, the answers a program can give,
-// and every formatter on what a program printed.
+// Descriptor plug-ins through the built tool: loading errors as the user sees them, the command
+// line and standard input made from the templates, the answers a program can give, and every
+// formatter on what a program printed.
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
@@ -8,15 +8,19 @@
 #include <string>
 #include <vector>
 
-#include "support/ChildProcess.h"
+#include "Ostrel.h"
 #include "support/DescriptorFiles.h"
 
 namespace {
 
-using DescriptorTest::CommandParts;
-using DescriptorTest::Descriptor;
-using DescriptorTest::DescriptorFiles;
-using DescriptorTest::NamespaceElement;
+using namespace DescriptorTest;
+using CliTest::ExpectRun;
+using CliTest::Words;
+
+std::string Parameter(std::string const& name, std::string const& type) {
+    return "<parameter name=\"" + name + "\" type=\"" + type +
+           "\" required=\"false\"><description>d</description></parameter>";
+}
 
 std::string Command(std::string const& name, std::string const& execute,
                     std::string const& outputSpec = "<int/>", std::string const& extra = "") {
@@ -24,16 +28,9 @@ std::string Command(std::string const& name, std::string const& execute,
     parts.path = "demo." + name;
     parts.execute = "<execute><![CDATA[" + execute + "]]></execute>" + extra;
     parts.outputSpec = "<output-spec>" + outputSpec + "</output-spec>";
-    parts.inputSpec =
-        "<input-spec>"
-        "<parameter name=\"name\" type=\"string\" required=\"false\"><description>n</description>"
-        "</parameter>"
-        "<parameter name=\"force\" type=\"flag\" required=\"false\"><description>f</description>"
-        "</parameter>"
-        "<parameter name=\"limit\" type=\"int\" required=\"false\"><description>l</description>"
-        "</parameter>"
-        "<parameter name=\"path\" type=\"string-list\" required=\"false\">"
-        "<description>p</description></parameter></input-spec>";
+    parts.inputSpec = "<input-spec>" + Parameter("name", "string") + Parameter("force", "flag") +
+                      Parameter("limit", "int") + Parameter("path", "string-list") +
+                      "</input-spec>";
     parts.formatParameters =
         "<format-parameters><formatter>table</formatter>"
         "<format-parameter name=\"fields:Item\">Name,Size,Up</format-parameter>"
@@ -41,10 +38,11 @@ std::string Command(std::string const& name, std::string const& execute,
     return parts.Element();
 }
 
-std::string const kItem =
-    "<structure typeName=\"Item\"><field name=\"Name\"><string/></field>"
-    "<field name=\"Size\"><int/></field><field name=\"Up\"><bool/></field>"
-    "</structure>";
+std::string Item(std::string const& name, std::string const& size, std::string const& up) {
+    return "<structure typeName=\"Item\"><field name=\"Name\"><string>" + name +
+           "</string></field><field name=\"Size\"><int>" + size +
+           "</int></field><field name=\"Up\"><bool>" + up + "</bool></field></structure>";
+}
 
 class DescriptorRunTest : public ::testing::Test {
 protected:
@@ -53,14 +51,10 @@ protected:
             savedLang = lang;
         }
         unsetenv("LANG");  // runs choose their own
-        files.Write("items.out",
-                    "<output><list type=\"structure\">"
-                    "<structure typeName=\"Item\"><field name=\"Name\"><string>a&amp;b&lt;c&gt;"
-                    "</string></field><field name=\"Size\"><int>512</int></field>"
-                    "<field name=\"Up\"><bool>true</bool></field></structure>"
-                    "<structure typeName=\"Item\"><field name=\"Name\"><string>x</string></field>"
-                    "<field name=\"Size\"><int>0</int></field><field name=\"Up\"><bool>false"
-                    "</bool></field></structure></list></output>");
+        std::string const items =
+            files.Write("items.out", "<output><list type=\"structure\">" +
+                                         Item("a&amp;b&lt;c&gt;", "512", "true") +
+                                         Item("x", "0", "false") + "</list></output>");
         demo = files.Write(
             "b-demo.xml",
             Descriptor(
@@ -75,8 +69,8 @@ protected:
                 Command("malformed", "echo '<output><int>1</output>'") +
                 Command("badtag", "echo '<output><integer>1</integer></output>'") +
                 Command("mismatch", "echo '<output><string>1</string></output>'") +
-                Command("items", "cat '" + files.Directory() + "/items.out'",
-                        "<list type=\"structure\">" + kItem + "</list>") +
+                Command("items", "cat '" + items + "'",
+                        "<list type=\"structure\">" + Item("", "", "") + "</list>") +
                 "</commands>"));
     }
     void TearDown() override {
@@ -85,15 +79,12 @@ protected:
         }
     }
 
-    TestSupport::ChildResult Ostrel(std::vector<std::string> const& args,
-                                    std::vector<std::string> environment = {}) {
-        std::vector<std::string> argv = {"ostrel"};
-        argv.insert(argv.end(), args.begin(), args.end());
+    TestSupport::ChildResult Ostrel(Words args, Words environment = {}) {
+        args.insert(args.begin(), "ostrel");
         environment.push_back("OSTREL_SKIP_DEFAULT_PLUGINS=1");
-        return TestSupport::RunProgram(OSTREL_BINARY, argv, "", environment);
+        return TestSupport::RunProgram(OSTREL_BINARY, args, "", environment);
     }
-    TestSupport::ChildResult Demo(std::vector<std::string> args,
-                                  std::vector<std::string> environment = {"LANG=C"}) {
+    TestSupport::ChildResult Demo(Words args, Words environment = {"LANG=C"}) {
         args.insert(args.begin(), {"--plugin", demo});
         return Ostrel(args, environment);
     }
@@ -102,13 +93,6 @@ protected:
     std::string demo;
     std::string savedLang;
 };
-
-void ExpectRun(TestSupport::ChildResult const& run, int status, std::string const& out,
-               std::string const& err) {
-    EXPECT_EQ(out, run.out);
-    EXPECT_EQ(err, run.err);
-    EXPECT_EQ(status, run.status);
-}
 
 TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
     std::string const broken =
@@ -139,17 +123,6 @@ TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
               "Unable to load plugin " + broken + ": " + brokenMessage + "\n");
 }
 
-TEST_F(DescriptorRunTest, MalformedDescriptorsAreNamedAfterTheParsersOwnReport) {
-    std::string const bad = files.Write("bad.xml", "<plugin><version>1.0.0</plugin>");
-    auto run = Ostrel({"--plugin", bad, "ostrel", "command", "list", "-c", "nomatch"});
-    std::string const last =
-        "Unable to load plugin " + bad + ": Unable to handle XML Plugin " + bad +
-        ".  There was an error while parsing: Unable to parse XML descriptor: " + bad + "\n";
-    ASSERT_GE(run.err.size(), last.size());
-    EXPECT_EQ(last, run.err.substr(run.err.size() - last.size()));
-    EXPECT_EQ(0, run.status);
-}
-
 TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
     ExpectRun(Demo({"demo", "quiet", "--limit", "5", "--path", "x y", "--name", "a;b"}), 1, "",
               "Errors: \nGot no data from process: true -n 'a;b'  -l 5  --path \"x y\"\n");
@@ -163,51 +136,55 @@ TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
 }
 
 TEST_F(DescriptorRunTest, WhatTheProgramAnswersDecidesTheErrors) {
-    ExpectRun(Demo({"demo", "errors"}), 1, "", "Errors: \ndisk busy\n retry later\n");
     std::string const noRoot =
-        "No root object set for output. The command did not provide proper output.\n"
         "Implementation error! The output of this command does not match the declared output "
         "type, see errors above.\n";
-    ExpectRun(Demo({"demo", "late"}), 1, "", "Errors: \n" + noRoot);
-    ExpectRun(Demo({"demo", "mismatch"}), 1, "",
-              "Errors: \nType mismatch in structure.  Expecting Int got String\n" +
-                  noRoot.substr(noRoot.find('\n') + 1));
-    ExpectRun(Demo({"demo", "malformed"}), 1, "", "Errors: \n" + noRoot);
-    ExpectRun(Demo({"demo", "badtag"}), 1, "",
-              "Errors: \nUnable to parse output of Extension Command: Error parsing command "
-              "output.  Unable to build a proper metaobject from output tag.  output must contain "
-              "properly formatted tags of type bool, int, string, structure and list. Error was : "
-              "Unable to make a MetaObject from a node with tag 'integer'\n");
+    std::string const none =
+        "No root object set for output. The command did not provide proper output.\n" + noRoot;
+    std::vector<std::pair<std::string, std::string>> const answers = {
+        {"errors", "disk busy\n retry later\n"},
+        {"late", none},
+        {"malformed", none},
+        {"mismatch", "Type mismatch in structure.  Expecting Int got String\n" + noRoot},
+        {"badtag",
+         "Unable to parse output of Extension Command: Error parsing command output.  Unable to "
+         "build a proper metaobject from output tag.  output must contain properly formatted "
+         "tags of type bool, int, string, structure and list. Error was : Unable to make a "
+         "MetaObject from a node with tag 'integer'\n"},
+    };
+    for (auto const& [command, errors] : answers) {
+        ExpectRun(Demo({"demo", command}), 1, "", "Errors: \n" + errors);
+    }
 }
 
 TEST_F(DescriptorRunTest, EveryFormatterPrintsTheProgramsOutput) {
-    ExpectRun(Demo({"demo", "items"}), 0,
-              "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
-              "false\n",
-              "");
-    ExpectRun(Demo({"--formatter", "simple", "demo", "items"}), 0,
-              "\nItem:\n   Name: a&b<c>\n   Size: 512 MiB\n   Up: true\n\nItem:\n   Name: x\n"
-              "   Size: 0 MiB\n   Up: false\n\n",
-              "");
-    ExpectRun(Demo({"--formatter", "json", "demo", "items"}), 0,
-              "\n[\n\n      {\n         \"Name\": \"a&b<c>\",\n         \"Size\": 512,\n"
-              "         \"Up\": true\n      }, \n\n      {\n         \"Name\": \"x\",\n"
-              "         \"Size\": 0,\n         \"Up\": false\n      }\n]\n",
-              "");
-    ExpectRun(Demo({"--formatter", "python", "demo", "items"}), 0,
-              "[{\"Name\": \"\"\"a&b<c>\"\"\", \"Size\": 512, \"Up\": True, }, "
-              "{\"Name\": \"\"\"x\"\"\", \"Size\": 0, \"Up\": False, }, ]\n",
-              "");
+    std::vector<std::pair<std::string, std::string>> const formats = {
+        {"table",
+         "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
+         "false\n"},
+        {"simple",
+         "\nItem:\n   Name: a&b<c>\n   Size: 512 MiB\n   Up: true\n\nItem:\n   Name: x\n"
+         "   Size: 0 MiB\n   Up: false\n\n"},
+        {"json",
+         "\n[\n\n      {\n         \"Name\": \"a&b<c>\",\n         \"Size\": 512,\n"
+         "         \"Up\": true\n      }, \n\n      {\n         \"Name\": \"x\",\n"
+         "         \"Size\": 0,\n         \"Up\": false\n      }\n]\n"},
+        {"python",
+         "[{\"Name\": \"\"\"a&b<c>\"\"\", \"Size\": 512, \"Up\": True, }, "
+         "{\"Name\": \"\"\"x\"\"\", \"Size\": 0, \"Up\": False, }, ]\n"},
+    };
+    for (auto const& [formatter, out] : formats) {
+        ExpectRun(Demo({"--formatter", formatter, "demo", "items"}), 0, out, "");
+    }
     auto xml = Demo({"--formatter", "xml", "demo", "items"});
     EXPECT_EQ(0, xml.status);
     EXPECT_NE(std::string::npos,
               xml.out.find("      <meta-data-field name=\"units:Item.Size\" value=\"MiB\"/>\n"));
-    EXPECT_NE(std::string::npos,
-              xml.out.find("   <root>\n      <list type=\"structure\">\n"
-                           "            <structure typeName=\"Item\">\n"
-                           "               <field name=\"Name\">\n"
-                           "                  <string>a&amp;b&lt;c&gt;</string>\n"
-                           "               </field>\n"));
+    EXPECT_NE(std::string::npos, xml.out.find("   <root>\n      <list type=\"structure\">\n"
+                                              "            <structure typeName=\"Item\">\n"
+                                              "               <field name=\"Name\">\n"
+                                              "                  <string>a&amp;b&lt;c&gt;"
+                                              "</string>\n               </field>\n"));
 }
 
 }  // namespace

@@ -1,17 +1,18 @@
 #ifndef TINDRA_TESTS_SUPPORT_DESCRIPTORFILES_H
 #define TINDRA_TESTS_SUPPORT_DESCRIPTORFILES_H
 
-#include <dirent.h>
+#include <ftw.h>
 #include <stdlib.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
+#include <cstdio>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 
 namespace DescriptorTest {
 
-// A scratch directory of descriptor files, removed with everything in it at the end.
+// A scratch directory of descriptor (or fixture) files, removed with everything in it at the end.
 class DescriptorFiles {
 public:
     DescriptorFiles() {
@@ -24,22 +25,20 @@ public:
     DescriptorFiles(DescriptorFiles const&) = delete;
     DescriptorFiles& operator=(DescriptorFiles const&) = delete;
     ~DescriptorFiles() {
-        if (DIR* listing = opendir(directory.c_str())) {
-            while (dirent* entry = readdir(listing)) {
-                std::string const name = entry->d_name;
-                if (name != "." && name != "..") {
-                    unlink((directory + "/" + name).c_str());
-                }
-            }
-            closedir(listing);
-        }
-        rmdir(directory.c_str());
+        nftw(
+            directory.c_str(),
+            [](char const* path, struct stat const*, int, FTW*) { return remove(path); }, 16,
+            FTW_DEPTH | FTW_PHYS);
     }
 
-    // Writes a file and returns its path.
+    // Writes a file, creating the directories of a relative name, and returns its path.
     std::string Write(std::string const& name, std::string const& content) const {
+        for (size_t slash = name.find('/'); slash != std::string::npos;
+             slash = name.find('/', slash + 1)) {
+            mkdir((directory + "/" + name.substr(0, slash)).c_str(), 0755);
+        }
         std::string const path = directory + "/" + name;
-        std::ofstream(path) << content;
+        std::ofstream(path, std::ios::binary) << content;
         return path;
     }
 
