@@ -17,20 +17,21 @@ using namespace DescriptorTest;
 using CliTest::ExpectRun;
 using CliTest::Words;
 
-std::string Parameter(std::string const& name, std::string const& type) {
-    return "<parameter name=\"" + name + "\" type=\"" + type +
-           "\" required=\"false\"><description>d</description></parameter>";
-}
-
 std::string Command(std::string const& name, std::string const& execute,
                     std::string const& outputSpec = "<int/>", std::string const& extra = "") {
     CommandParts parts;
     parts.path = "demo." + name;
     parts.execute = "<execute><![CDATA[" + execute + "]]></execute>" + extra;
     parts.outputSpec = "<output-spec>" + outputSpec + "</output-spec>";
-    parts.inputSpec = "<input-spec>" + Parameter("name", "string") + Parameter("force", "flag") +
-                      Parameter("limit", "int") + Parameter("path", "string-list") +
-                      "</input-spec>";
+    parts.inputSpec = "<input-spec>";
+    for (std::string const parameter :
+         {"name string", "force flag", "limit int", "path string-list"}) {
+        size_t const blank = parameter.find(' ');
+        parts.inputSpec += "<parameter name=\"" + parameter.substr(0, blank) + "\" type=\"" +
+                           parameter.substr(blank + 1) +
+                           "\" required=\"false\"><description>d</description></parameter>";
+    }
+    parts.inputSpec += "</input-spec>";
     parts.formatParameters =
         "<format-parameters><formatter>table</formatter>"
         "<format-parameter name=\"fields:Item\">Name,Size,Up</format-parameter>"
@@ -47,9 +48,6 @@ std::string Item(std::string const& name, std::string const& size, std::string c
 class DescriptorRunTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (char const* lang = getenv("LANG")) {
-            savedLang = lang;
-        }
         unsetenv("LANG");  // runs choose their own
         std::string const items =
             files.Write("items.out", "<output><list type=\"structure\">" +
@@ -79,19 +77,19 @@ protected:
         }
     }
 
-    TestSupport::ChildResult Ostrel(Words args, Words environment = {}) {
+    // The tool with the given environment and, unless asked otherwise, the demo plug-in.
+    TestSupport::ChildResult Demo(Words args, Words environment = {"LANG=C"}) {
         args.insert(args.begin(), "ostrel");
+        if (args[1] != "--plugin-dir") {
+            args.insert(args.begin() + 1, {"--plugin", demo});
+        }
         environment.push_back("OSTREL_SKIP_DEFAULT_PLUGINS=1");
         return TestSupport::RunProgram(OSTREL_BINARY, args, "", environment);
     }
-    TestSupport::ChildResult Demo(Words args, Words environment = {"LANG=C"}) {
-        args.insert(args.begin(), {"--plugin", demo});
-        return Ostrel(args, environment);
-    }
 
+    std::string const savedLang = getenv("LANG") ? getenv("LANG") : "";
     DescriptorFiles files;
     std::string demo;
-    std::string savedLang;
 };
 
 TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
@@ -106,8 +104,9 @@ TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
         "Unable to handle XML Plugin " + broken +
         ".  There was an error while parsing: Unable to register the command 'ostrel demo.bad'  "
         "Error was Unable to find <output-spec> element, which is required for a command.";
-    ExpectRun(Ostrel({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Neil",
-                      "--force", "--path", "a b", "--path", "c"}),
+    ExpectRun(Demo({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Ne;il",
+                    "--force", "--limit", "5", "--path", "a b", "--path", "c"},
+                   {}),
               1, "",
               "Error loading plugin " + broken + " skipping.  Error was: " + brokenMessage + "\n" +
                   "Error loading plugin " + conflict +
@@ -115,17 +114,14 @@ TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
                   " Duplicate top-level namespaces must have the same description: demo The "
                   "functionality in " +
                   conflict + " will not be available until this issue is resolved.\n" +
-                  "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n 'ONeil' -f   "
+                  "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n 'ONe;il' -f -l 5  "
                   "--path \"a b\" --path \"c\"\n");
-    ExpectRun(Ostrel({"--plugin", broken, "--plugin", demo, "--format-param", "show-header=false",
-                      "demo", "items"}),
-              0, "a&b<c>  512 MiB  true\nx         0 MiB  false\n",
+    ExpectRun(Demo({"--plugin", broken, "--format-param", "show-header=false", "demo", "items"}), 0,
+              "a&b<c>  512 MiB  true\nx         0 MiB  false\n",
               "Unable to load plugin " + broken + ": " + brokenMessage + "\n");
 }
 
 TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
-    ExpectRun(Demo({"demo", "quiet", "--limit", "5", "--path", "x y", "--name", "a;b"}), 1, "",
-              "Errors: \nGot no data from process: true -n 'a;b'  -l 5  --path \"x y\"\n");
     // Only conditional sections disappear when their parameter is not given.
     ExpectRun(Demo({"demo", "quiet"}, {}), 1, "",
               "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n '$val{name}'   "

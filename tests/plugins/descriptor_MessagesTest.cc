@@ -54,8 +54,6 @@ TEST_F(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
          "Unknown ostrel extention version.  Valid versions are: '1.0.0'"},
         {Descriptor("<other/>"),
          "Unable to find any namespaces or commands to register for plugin " + file},
-        {Descriptor("<commands/><commands/>"),
-         "More than one instance of commands found, expected only one."},
         {Descriptor("<namespaces><namespace path=\"a\"/></namespaces>"),
          "Unable to register a namespace without valid 'path' attribute or <description> being "
          "present."},
