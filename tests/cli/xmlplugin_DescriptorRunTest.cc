@@ -92,33 +92,24 @@ protected:
     std::string demo;
 };
 
-TEST_F(DescriptorRunTest, BrokenDescriptorsAreReportedAndTheOthersStillLoad) {
+TEST_F(DescriptorRunTest, ABrokenDescriptorIsReportedAndTheOthersStillLoad) {
     std::string const broken =
         files.Write("a-broken.xml", Descriptor("<commands><command path=\"demo.bad\"><input-spec/>"
                                                "<format-parameters/><execute>x</execute></command>"
                                                "</commands>"));
-    std::string const conflict = files.Write(
-        "c-conflict.xml",
-        Descriptor("<namespaces>" + NamespaceElement("demo", "Other") + "</namespaces>"));
-    std::string const brokenMessage =
-        "Unable to handle XML Plugin " + broken +
-        ".  There was an error while parsing: Unable to register the command 'ostrel demo.bad'  "
-        "Error was Unable to find <output-spec> element, which is required for a command.";
-    ExpectRun(Demo({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Ne;il",
-                    "--force", "--limit", "5", "--path", "a b", "--path", "c"},
-                   {}),
-              1, "",
-              "Error loading plugin " + broken + " skipping.  Error was: " + brokenMessage + "\n" +
-                  "Error loading plugin " + conflict +
-                  " skipping.  Error was: Error while trying to register the plugin " + conflict +
-                  " Duplicate top-level namespaces must have the same description: demo The "
-                  "functionality in " +
-                  conflict + " will not be available until this issue is resolved.\n" +
-                  "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n 'ONe;il' -f -l 5  "
-                  "--path \"a b\" --path \"c\"\n");
-    ExpectRun(Demo({"--plugin", broken, "--format-param", "show-header=false", "demo", "items"}), 0,
-              "a&b<c>  512 MiB  true\nx         0 MiB  false\n",
-              "Unable to load plugin " + broken + ": " + brokenMessage + "\n");
+    ExpectRun(
+        Demo({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Ne;il", "--force",
+              "--limit", "5", "--path", "a b", "--path", "c"},
+             {}),
+        1, "",
+        "Error loading plugin " + broken +
+            " skipping.  Error was: Unable to handle XML "
+            "Plugin " +
+            broken +
+            ".  There was an error while parsing: Unable to register the "
+            "command 'ostrel demo.bad'  Error was Unable to find <output-spec> element, which "
+            "is required for a command.\nErrors: \nGot no data from process: LANG=en_US.UTF-8 "
+            "true -n 'ONe;il' -f -l 5  --path \"a b\" --path \"c\"\n");
 }
 
 TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
@@ -170,12 +161,14 @@ TEST_F(DescriptorRunTest, EveryFormatterPrintsTheProgramsOutput) {
          "{\"Name\": \"\"\"x\"\"\", \"Size\": 0, \"Up\": False, }, ]\n"},
     };
     for (auto const& [formatter, out] : formats) {
-        ExpectRun(Demo({"--formatter", formatter, "demo", "items"}), 0, out, "");
+        Words args = {"demo", "items"};
+        if (formatter != "table") {  // the command's default
+            args.insert(args.begin(), {"--formatter", formatter});
+        }
+        ExpectRun(Demo(args), 0, out, "");
     }
     auto xml = Demo({"--formatter", "xml", "demo", "items"});
     EXPECT_EQ(0, xml.status);
-    EXPECT_NE(std::string::npos,
-              xml.out.find("      <meta-data-field name=\"units:Item.Size\" value=\"MiB\"/>\n"));
     EXPECT_NE(std::string::npos, xml.out.find("   <root>\n      <list type=\"structure\">\n"
                                               "            <structure typeName=\"Item\">\n"
                                               "               <field name=\"Name\">\n"

@@ -90,9 +90,7 @@ TEST_F(DescriptorMessagesTest, CommandParts) {
         "", &CommandParts::formatParameters);
     ExpectCommandErrors({{"<execute/>",
                           "Missing or empty <execute> tag.  This tag must specify a valid "
-                          "execution string for this command."},
-                         {"<execute>x</execute><output-spec/>",
-                          "More than one instance of output-spec found, expected only one."}},
+                          "execution string for this command."}},
                         "", &CommandParts::execute);
     ExpectCommandErrors({{"<meta-data><entry>x</entry></meta-data>",
                           "Found unexpected tag while building meta-data set.  Unexpected tag "

@@ -12,7 +12,7 @@
 
 namespace DescriptorTest {
 
-// A scratch directory of descriptor (or fixture) files, removed with everything in it at the end.
+// A scratch directory of descriptor or fixture files, removed with all it holds at the end.
 class DescriptorFiles {
 public:
     DescriptorFiles() {
