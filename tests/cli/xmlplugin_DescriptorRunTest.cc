@@ -94,22 +94,21 @@ protected:
 
 TEST_F(DescriptorRunTest, ABrokenDescriptorIsReportedAndTheOthersStillLoad) {
     std::string const broken =
-        files.Write("a-broken.xml", Descriptor("<commands><command path=\"demo.bad\"><input-spec/>"
-                                               "<format-parameters/><execute>x</execute></command>"
-                                               "</commands>"));
-    ExpectRun(
-        Demo({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Ne;il", "--force",
-              "--limit", "5", "--path", "a b", "--path", "c"},
-             {}),
-        1, "",
-        "Error loading plugin " + broken +
-            " skipping.  Error was: Unable to handle XML "
-            "Plugin " +
-            broken +
-            ".  There was an error while parsing: Unable to register the "
-            "command 'ostrel demo.bad'  Error was Unable to find <output-spec> element, which "
-            "is required for a command.\nErrors: \nGot no data from process: LANG=en_US.UTF-8 "
-            "true -n 'ONe;il' -f -l 5  --path \"a b\" --path \"c\"\n");
+        files.Write("a-broken.xml",
+                    Descriptor("<commands><command path=\"demo.bad\"><input-spec/>"
+                               "<format-parameters/><execute>x</execute></command></commands>"));
+    std::string const why =
+        "Unable to register the command 'ostrel demo.bad'  Error was Unable "
+        "to find <output-spec> element, which is required for a command.\n";
+    ExpectRun(Demo({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Ne;il",
+                    "--force", "--limit", "5", "--path", "a b", "--path", "c"},
+                   {}),
+              1, "",
+              "Error loading plugin " + broken +
+                  " skipping.  Error was: Unable to handle XML Plugin " + broken +
+                  ".  There was an error while parsing: " + why +
+                  "Errors: \nGot no data from process: LANG=en_US.UTF-8 "
+                  "true -n 'ONe;il' -f -l 5  --path \"a b\" --path \"c\"\n");
 }
 
 TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
