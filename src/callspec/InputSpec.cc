@@ -41,9 +41,11 @@ void InputSpec::AddParameter(std::shared_ptr<ParameterSpec> const& parameter) {
     for (auto const& present : parameters) {
         CheckAgainst(*parameter, *present);
     }
-    parameters.push_back(parameter);
-    std::stable_sort(parameters.begin(), parameters.end(),
-                     [](auto const& a, auto const& b) { return a->GetName() < b->GetName(); });
+    // Kept in name order; a new parameter goes after any of the same name.
+    auto const position =
+        std::upper_bound(parameters.begin(), parameters.end(), parameter,
+                         [](auto const& a, auto const& b) { return a->GetName() < b->GetName(); });
+    parameters.insert(position, parameter);
 }
 
 std::shared_ptr<ParameterSpec> InputSpec::FindParameter(std::string const& name) const {

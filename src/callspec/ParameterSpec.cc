@@ -1,8 +1,8 @@
 #include "tindra/callspec/ParameterSpec.h"
 
+#include <algorithm>
 #include <array>
 #include <boost/algorithm/string/replace.hpp>
-#include <boost/regex.hpp>
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
@@ -14,9 +14,13 @@ namespace CallSpec {
 
 namespace {
 
+// The language of "[a-z0-9-]+", matched by hand because every parameter of every descriptor is
+// checked.
 bool IsValidParameterName(std::string const& name) {
-    static boost::regex const pattern("[a-z0-9-]+");
-    return boost::regex_match(name, pattern);
+    auto const isNameCharacter = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-';
+    };
+    return !name.empty() && std::all_of(name.begin(), name.end(), isNameCharacter);
 }
 
 bool IsOneOf(std::string const& text, std::array<char const*, 7> const& spellings) {

@@ -1,7 +1,7 @@
 #include "tindra/metaobj/MetaType.h"
 
+#include <algorithm>
 #include <array>
-#include <boost/regex.hpp>
 #include <ostream>
 
 #include "tindra/metaobj/MetaObject.h"
@@ -22,9 +22,13 @@ bool IsValidFieldName(std::string const&) {
     return true;
 }
 
+// The language of "[a-zA-Z0-9]+", matched by hand because every structure of every descriptor
+// is checked.
 bool IsValidStructName(std::string const& name) {
-    static boost::regex const pattern("[a-zA-Z0-9]+");
-    return boost::regex_match(name, pattern);
+    auto const isAlphanumeric = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    };
+    return !name.empty() && std::all_of(name.begin(), name.end(), isAlphanumeric);
 }
 
 std::ostream& operator<<(std::ostream& out, MetaObject const& value) {

@@ -20,9 +20,43 @@ bool HasName(xmlNode const* node, char const* tag) {
     return std::strcmp(GrammarNodeName(node), tag) == 0;
 }
 
+xmlAttr const* FindAttribute(xmlNode const* node, char const* name) {
+    for (xmlAttr const* attribute = node->properties; attribute != nullptr;
+         attribute = attribute->next) {
+        if (std::strcmp(reinterpret_cast<char const*>(attribute->name), name) == 0) {
+            return attribute;
+        }
+    }
+    return nullptr;
+}
+
+// The value when it is a single text node, as parsing makes it; nullptr otherwise.
+char const* PlainValue(xmlAttr const* attribute) {
+    xmlNode const* value = attribute != nullptr ? attribute->children : nullptr;
+    bool const plain = value != nullptr && value->next == nullptr &&
+                       (value->type == XML_TEXT_NODE || value->type == XML_CDATA_SECTION_NODE);
+    return plain ? reinterpret_cast<char const*>(value->content) : nullptr;
+}
+
+bool MayHaveDefaultAttributes(xmlNode const* node) {
+    return node->doc != nullptr && node->doc->intSubset != nullptr;
+}
+
 }  // namespace
 
 std::string XmlUtil_ExtractAttribute(xmlNode* node, char const* name) {
+    // Read in place where possible: every element of every descriptor is asked for several
+    // attributes, and copying each value through libxml2 showed in the loading profile. The
+    // rare rest (entity references, DTD defaults) is left to libxml2.
+    if (node->type == XML_ELEMENT_NODE) {
+        xmlAttr const* attribute = FindAttribute(node, name);
+        if (attribute == nullptr && !MayHaveDefaultAttributes(node)) {
+            return std::string();
+        }
+        if (char const* value = PlainValue(attribute)) {
+            return std::string(value);
+        }
+    }
     XmlString value(xmlGetProp(node, reinterpret_cast<xmlChar const*>(name)));
     if (!value) {
         return std::string();

@@ -83,19 +83,20 @@ ParameterType CheckParameterText(ParameterText const& text) {
                               ". Missing or invalid required attribute: 'type'.  Must be one of "
                               "[string, string-list, bool, bool-list, int, int-list]");
     }
-    std::string const prefix = "Unable to parse Input Paramter " + text.name + ". ";
+    // Composed only on error: every parameter of every descriptor passes here.
+    auto const prefix = [&text] { return "Unable to parse Input Paramter " + text.name + ". "; };
     if (!IsTrueOrFalse(text.required)) {
-        throw TindraException(prefix +
+        throw TindraException(prefix() +
                               "Missing or invalid 'required', must be one of ['true', 'false']");
     }
     if (text.description.empty()) {
-        throw TindraException(prefix + "Missing command description");
+        throw TindraException(prefix() + "Missing command description");
     }
     if (!IsTrueOrFalse(text.secret)) {
-        throw TindraException(prefix + "Invalid 'secret', must be one of ['true', 'false']");
+        throw TindraException(prefix() + "Invalid 'secret', must be one of ['true', 'false']");
     }
     if (text.secret == "true" && type != CallSpec::ParamString) {
-        throw TindraException(prefix + "Invalid type " + text.type +
+        throw TindraException(prefix() + "Invalid type " + text.type +
                               " for secret, must be 'string'");
     }
     return type;

@@ -16,13 +16,14 @@ namespace {
 
 char const kDescriptorVersion[] = "1.0.0";
 
-// Runs a reading step and rewraps its error with the context the caller knows.
-template <typename Step>
-void WithContext(std::string const& context, Step&& step) {
+// Runs a reading step and rewraps its error with the context the caller knows; the context
+// text is only composed on error, as steps run once per command.
+template <typename Context, typename Step>
+void WithContext(Context&& context, Step&& step) {
     try {
         step();
     } catch (TindraException const& error) {
-        throw TindraException(context + error.what());
+        throw TindraException(context() + error.what());
     }
 }
 
@@ -48,7 +49,10 @@ void XmlPlugin::Initialize() {
     LIBXML_TEST_VERSION
     try {
         WithContext(
-            "Unable to handle XML Plugin " + fileName + ".  There was an error while parsing: ",
+            [this] {
+                return "Unable to handle XML Plugin " + fileName +
+                       ".  There was an error while parsing: ";
+            },
             [this] { ReadDescriptor(); });
     } catch (...) {
         pending.clear();  // a faulty file registers nothing, not even what preceded the fault
@@ -109,7 +113,7 @@ void XmlPlugin::AddCommand(xmlNode* node) {
             "'path' attribute");
     }
     std::string const description = XmlUtil_GetContentForChildByTag(node, "description");
-    WithContext("Unable to register the command 'ostrel " + path + "'  Error was ",
+    WithContext([&] { return "Unable to register the command 'ostrel " + path + "'  Error was "; },
                 [&] { ReadCommand(node, path, description); });
 }
 
