@@ -13,7 +13,7 @@
 #include "tindra/callspec/ParameterSpec.h"
 #include "tindra/metaobj/MetaString.h"
 
-// An extension command with the given parameters and templates, and inputs for it.
+// An extension command with the given optional parameters and templates, and inputs for it.
 struct CommandBuilder {
     using Kind = Tindra::CallSpec::ParameterType;
 

@@ -34,9 +34,8 @@ protected:
         return output;
     }
 
-    static std::string RootText(std::shared_ptr<Output> const& output) {
-        auto root = output->GetRootObject();
-        return root ? root->ToString() : "<none>";
+    static std::string Root(std::shared_ptr<Output> const& output) {
+        return output->GetRootObject() ? output->GetRootObject()->ToString() : "<none>";
     }
 
     CommandBuilder builder;
@@ -46,11 +45,11 @@ protected:
 TEST_F(ExtensionCommandTest, LeadingErrorLinesAreTheResult) {
     auto output = Run("printf 'ERROR:disk busy\\nERROR: retry later\\n<o><string>x</string></o>'");
     EXPECT_EQ((Errors{"disk busy", " retry later"}), output->GetErrors());
-    EXPECT_EQ("<none>", RootText(output));
+    EXPECT_EQ("<none>", Root(output));
     EXPECT_EQ((Errors{"no newline"}), Run("printf 'ERROR:no newline'")->GetErrors());
     output = Run("printf 'fine\\nERROR:not leading'");
     EXPECT_TRUE(output->GetErrors().empty());
-    EXPECT_EQ("<none>", RootText(output));  // not a document: no value, no error
+    EXPECT_EQ("<none>", Root(output));  // not a document: no value, no error
 }
 
 TEST_F(ExtensionCommandTest, NoOutputIsReportedWithTheCommandLine) {
@@ -59,17 +58,16 @@ TEST_F(ExtensionCommandTest, NoOutputIsReportedWithTheCommandLine) {
     EXPECT_EQ((Errors{"Got no data from process: LANG=en_US.UTF-8 true"}),
               Run("true")->GetErrors());
     // The prefix sets the language for the program.
-    EXPECT_EQ("en_US.UTF-8",
-              RootText(Run("sh -c 'printf \"<o><string>%s</string></o>\" \"$LANG\"'")));
+    EXPECT_EQ("en_US.UTF-8", Root(Run("sh -c 'printf \"<o><string>%s</string></o>\" \"$LANG\"'")));
 }
 
 TEST_F(ExtensionCommandTest, DocumentBecomesTheRootValue) {
     auto output = Run("printf '<o><string>%s</string></o>' $val{xx}", "", "a;b");
     EXPECT_TRUE(output->GetErrors().empty());
-    EXPECT_EQ("a;b", RootText(output));
+    EXPECT_EQ("a;b", Root(output));
     // The stdin template reaches the program unchanged.
     output = Run("printf '<o><string>'; cat; printf '</string></o>'", "[$val{xx}]", "a;b $HOME");
-    EXPECT_EQ("[a;b $HOME]", RootText(output));
+    EXPECT_EQ("[a;b $HOME]", Root(output));
 }
 
 TEST_F(ExtensionCommandTest, DocumentThatCannotBeBuiltIsOneError) {
@@ -77,22 +75,21 @@ TEST_F(ExtensionCommandTest, DocumentThatCannotBeBuiltIsOneError) {
         Run("printf '<o><list type=\"structure\"><structure typeName=\"R\"><field name=\"a\"><int>1"
             "</int></field></structure><structure typeName=\"R\"/></list></o>'");
     ASSERT_EQ(1u, output->GetErrors().size());
-    std::string const start =
-        "Unable to parse output of Extension Command: Error parsing command "
-        "output.  Unable to build a proper metaobject from output tag.";
-    EXPECT_EQ(start, output->GetErrors()[0].substr(0, start.size()));
+    EXPECT_EQ(0u, output->GetErrors()[0].find(
+                      "Unable to parse output of Extension Command: Error parsing command "
+                      "output.  Unable to build a proper metaobject from output tag."));
     EXPECT_NE(std::string::npos, output->GetErrors()[0].find("Invalid structure detected"));
-    EXPECT_EQ("<none>", RootText(output));
+    EXPECT_EQ("<none>", Root(output));
 }
 
 TEST_F(ExtensionCommandTest, UserContextReachesTheProgram) {
     builder.spec->SetContextSupported("user");
-    auto command = builder.Build("sh -c 'printf \"<o><string>%s</string></o>\" \"$LUM_USERNAME\"'");
     auto input = builder.Input({});
     input->SetContext("user", "O'Brien $(id)");
     auto output = Output::New();
-    command->ExecuteInternal(input, output);
-    EXPECT_EQ("O'Brien $(id)", RootText(output));
+    builder.Build("sh -c 'printf \"<o><string>%s</string></o>\" \"$LUM_USERNAME\"'")
+        ->ExecuteInternal(input, output);
+    EXPECT_EQ("O'Brien $(id)", Root(output));
 }
 
 }  // namespace

@@ -23,12 +23,10 @@ TEST(CreatePipeTest, EndsAreCloseOnExecAndAboveStandardDescriptors) {
     bool zeroStillFree = fcntl(0, F_GETFD) < 0;
     dup2(savedInput, 0);
     close(savedInput);
-
     ASSERT_EQ(0, error);
     EXPECT_TRUE(zeroStillFree);
     for (int fd : {readEnd.Get(), writeEnd.Get()}) {
-        EXPECT_GE(fd, 3);
-        EXPECT_TRUE(fcntl(fd, F_GETFD) & FD_CLOEXEC);
+        EXPECT_TRUE(fd >= 3 && (fcntl(fd, F_GETFD) & FD_CLOEXEC)) << fd;
     }
 }
 
@@ -37,15 +35,12 @@ TEST(SpawnTest, ErrorNumbersAndClosedSources) {
     int const standard[3] = {0, 1, 2};
     EXPECT_EQ(ENOENT, Platform::SpawnWithMappedFds("/nonexistent/program", {"x"}, standard, pid));
     EXPECT_EQ(EACCES, Platform::SpawnWithMappedFds("/dev/null", {"x"}, standard, pid));
-
     // A closed source leaves that descriptor closed in the child.
     Platform::UniqueFd readEnd, writeEnd;
     ASSERT_EQ(0, Platform::CreatePipe(readEnd, writeEnd));
     int const fds[3] = {-1, writeEnd.Get(), -1};
-    ASSERT_EQ(0, Platform::SpawnWithMappedFds(
-                     "/bin/sh",
-                     {"/bin/sh", "-c", "[ -e /proc/$$/fd/0 ] || [ -e /proc/$$/fd/2 ] || echo ok"},
-                     fds, pid));
+    std::string const script = "[ -e /proc/$$/fd/0 ] || [ -e /proc/$$/fd/2 ] || echo ok";
+    ASSERT_EQ(0, Platform::SpawnWithMappedFds("/bin/sh", {"/bin/sh", "-c", script}, fds, pid));
     writeEnd.Close();
     char buffer[16] = {};
     ssize_t got = read(readEnd.Get(), buffer, sizeof buffer - 1);

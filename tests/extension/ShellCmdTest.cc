@@ -32,9 +32,9 @@ std::string RunShell(std::string const& command, std::string const& input = std:
 }
 
 std::string Pattern(size_t size) {
-    std::string text(size, 'a');
+    std::string text;
     for (size_t i = 0; i < size; ++i) {
-        text[i] = static_cast<char>('a' + (i * 7 + i / 26) % 26);
+        text += static_cast<char>('a' + (i * 7 + i / 26) % 26);
     }
     return text;
 }
@@ -43,24 +43,17 @@ TEST_F(ShellCmdTest, AppendsOutputAndReturnsRawWaitStatus) {
     std::string output = "kept:";
     int status = AutoCli_ShellCmd("printf abc; exit 3", output, "");
     EXPECT_EQ("kept:abc", output);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(3, WEXITSTATUS(status));
-    EXPECT_NE(3, status);
-
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 3 && status != 3) << status;
     output.clear();
     status = AutoCli_ShellCmd("printf partial; kill -9 $$", output, "");
     EXPECT_EQ("partial", output);
-    ASSERT_TRUE(WIFSIGNALED(status));
-    EXPECT_EQ(SIGKILL, WTERMSIG(status));
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
 }
 
-TEST_F(ShellCmdTest, LargeDataBothWaysArrivesWholeWithoutDeadlock) {
-    // More than a pipe holds in both directions before the child reads anything.
+TEST_F(ShellCmdTest, MoreThanAPipeHoldsBothWaysArrivesWhole) {
     std::string input = Pattern(3 * 1024 * 1024 + 17);
-    std::string output = RunShell("head -c 2097152 /dev/zero; cat", input);
-    ASSERT_EQ(2097152u + input.size(), output.size());
-    EXPECT_EQ(std::string(2097152, '\0'), output.substr(0, 2097152));
-    EXPECT_EQ(input, output.substr(2097152));
+    EXPECT_TRUE(std::string(2097152, '\0') + input ==
+                RunShell("head -c 2097152 /dev/zero; cat", input));
 }
 
 TEST_F(ShellCmdTest, ChildClosingItsInputEarlyIsNotAnError) {
@@ -70,16 +63,14 @@ TEST_F(ShellCmdTest, ChildClosingItsInputEarlyIsNotAnError) {
     sigset_t pending, mask;
     sigpending(&pending);
     pthread_sigmask(SIG_BLOCK, nullptr, &mask);
-    EXPECT_FALSE(sigismember(&pending, SIGPIPE)) << "SIGPIPE left pending";
-    EXPECT_FALSE(sigismember(&mask, SIGPIPE)) << "SIGPIPE left blocked";
+    EXPECT_FALSE(sigismember(&pending, SIGPIPE) || sigismember(&mask, SIGPIPE));
 }
 
-TEST_F(ShellCmdTest, ChildGetsOnlyItsThreeDescriptors) {
+TEST_F(ShellCmdTest, ChildGetsOnlyOurThreeDescriptors) {
     Tindra::Platform::UniqueFd stray(open("/dev/null", O_RDONLY));  // no O_CLOEXEC
     ASSERT_TRUE(stray.IsOpen());
-    EXPECT_EQ("0\n1\n2\n",
-              RunShell("i=0; while [ $i -lt 256 ]; do [ -e /proc/$$/fd/$i ] && echo $i; "
-                       "i=$((i+1)); done"));
+    EXPECT_EQ("0\n1\n2\n", RunShell("for i in $(seq 0 255); do [ -e /proc/$$/fd/$i ] && echo $i; "
+                                    "done; true"));
     char ours[256] = {};
     ASSERT_GT(readlink("/proc/self/fd/2", ours, sizeof ours - 1), 0);
     EXPECT_EQ(std::string(ours) + "\n", RunShell("readlink /proc/$$/fd/2"));
@@ -101,30 +92,23 @@ std::string NoGlobOption(int value) {
     makerArgument = value;
     return "-f";
 }
-std::string EmptyOption(int) {
-    return std::string();
-}
 
 TEST_F(ShellCmdTest, ChildOptionStandsBeforeDashC) {
     EXPECT_EQ("", MakeChildRpZorbOption(-1));
-    EXPECT_EQ("/\n", RunShell("echo /"));
     EXPECT_NE("/*\n", RunShell("echo /*"));
-
     SetChildRpZorbOptionMaker(&NoGlobOption);
     EXPECT_EQ("-f", MakeChildRpZorbOption(5));
     makerArgument = 0;
     EXPECT_EQ("/*\n", RunShell("echo /*"));  // -f: no pathname expansion
     EXPECT_EQ(-1, makerArgument);
-
-    SetChildRpZorbOptionMaker(&EmptyOption);
+    SetChildRpZorbOptionMaker([](int) { return std::string(); });
     EXPECT_NE("/*\n", RunShell("echo /*"));
     EXPECT_EQ(std::string::npos, RunShell("echo $-").find('f'));
 }
 
 TEST(PanicTest, PrintsFormattedTruncatedTextAndAborts) {
     EXPECT_DEATH(Panic("disk %s at %d%%", "sda", 95), "^panic: disk sda at 95%$");
-    std::string longText(1000, 'a');
-    EXPECT_DEATH(Panic("%s", longText.c_str()), "^panic: a{255}$");
+    EXPECT_DEATH(Panic("%s", std::string(1000, 'a').c_str()), "^panic: a{255}$");
 }
 
 }  // namespace

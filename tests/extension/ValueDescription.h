@@ -22,6 +22,7 @@ inline std::string DescribeValue(std::shared_ptr<Tindra::MetaObj::MetaObject> co
     if (!value) {
         return "<none>";
     }
+    std::string text;
     switch (value->GetType()) {
         case Int:
             return "Int(" + value->ToString() + ")";
@@ -31,23 +32,19 @@ inline std::string DescribeValue(std::shared_ptr<Tindra::MetaObj::MetaObject> co
             return "String[" + value->ToString() + "]";
         case Struct: {
             auto& structure = static_cast<MetaStruct&>(*value);
-            std::string text = "Struct " + structure.GetTypeName() + "{";
             for (auto const& name : structure.GetFieldNames()) {
                 text += "[" + name + "]=" + DescribeValue(structure.GetField(name)) + ";";
             }
-            return text + "}";
+            return "Struct " + structure.GetTypeName() + "{" + text + "}";
         }
         case List: {
             auto& list = static_cast<MetaList&>(*value);
-            std::string text = "List<" + MetaTypeString(list.GetListType());
-            if (list.GetListStructure()) {
-                text += " of " + DescribeValue(list.GetListStructure());
-            }
-            text += ">(";
             for (auto const& item : list.GetObjects()) {
                 text += DescribeValue(item) + ",";
             }
-            return text + ")";
+            auto prototype = list.GetListStructure();
+            return "List<" + MetaTypeString(list.GetListType()) +
+                   (prototype ? " of " + DescribeValue(prototype) : "") + ">(" + text + ")";
         }
     }
     return "<unknown kind>";
