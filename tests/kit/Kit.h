@@ -1,8 +1,15 @@
 #ifndef TINDRA_TESTS_KIT_KIT_H
 #define TINDRA_TESTS_KIT_KIT_H
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -11,40 +18,105 @@
 
 namespace KitTest {
 
-// A scratch directory for this test program, removed when it ends.
-Tindra::Testing::TempDirectory const& Work();
+namespace fs = std::filesystem;
+using Words = std::vector<std::string>;
 
-// The build, staged under a DESTDIR like a package, so that the plug-in directory (an
-// absolute path) lands in the stage too and the host stays untouched. Installs on first use.
+inline Tindra::Testing::TempDirectory const& Work() {
+    static Tindra::Testing::TempDirectory const directory;
+    return directory;
+}
+
+// Runs argv[0] with NAME=value entries replacing inherited ones for good: given twice, some
+// readers (the loader) take the last entry, and none of these misleads a later tool.
+inline TestSupport::ChildResult RunWith(Words const& argv, Words const& environment) {
+    for (auto const& entry : environment) {
+        std::string const name = entry.substr(0, entry.find('='));
+        setenv(name.c_str(), entry.c_str() + name.size() + 1, 1);
+    }
+    return TestSupport::RunProgram(argv.front(), argv);
+}
+
+// A build tool; a failure throws with everything it printed.
+inline std::string RunTool(Words const& argv, Words const& environment = {}) {
+    auto const run = RunWith(argv, environment);
+    if (run.status != 0)
+        throw std::runtime_error(argv.front() + " ended with status " + std::to_string(run.status) +
+                                 ":\n" + run.out + run.err);
+    return run.out;
+}
+
+// The build staged under a DESTDIR like a package, so the absolute plug-in directory lands in
+// the stage too; the prefix is not the configured one, as the kit must work anywhere.
 struct InstalledKit {
     std::string prefix, includeDir, libDir, binDir, cmakeDir, pkgConfigDir, pluginDir;
 };
-InstalledKit const& Kit();
+inline InstalledKit const& Kit() {
+    static InstalledKit const kit = [] {
+        std::string const stage = Work().path + "/stage", prefix = "/opt/tindra-kit";
+        RunTool({TINDRA_CMAKE_COMMAND, "--install", TINDRA_BUILD_DIR, "--prefix", prefix},
+                {"DESTDIR=" + stage});
+        std::string const lib = stage + prefix + "/" TINDRA_INSTALL_LIBDIR;
+        return InstalledKit{stage + prefix,
+                            stage + prefix + "/" TINDRA_INSTALL_INCLUDEDIR,
+                            lib,
+                            stage + prefix + "/" TINDRA_INSTALL_BINDIR,
+                            lib + "/cmake/Tindra",
+                            lib + "/pkgconfig",
+                            stage + TINDRA_PLUGIN_DIR};
+    }();
+    return kit;
+}
 
-// Runs a build tool (argv[0] is its path) with NAME=value entries replacing inherited ones; a
-// failure throws with everything it printed.
-std::string RunTool(std::vector<std::string> const& argv,
-                    std::vector<std::string> const& environment = {});
+inline std::string PkgConfig(std::string const& query) {
+    return RunTool({TINDRA_PKG_CONFIG, query, "tindra"},
+                   {"PKG_CONFIG_LIBDIR=" + Kit().pkgConfigDir, "PKG_CONFIG_PATH="});
+}
 
-// pkg-config's answer about tindra, seeing only the kit's own .pc file.
-std::string PkgConfig(std::string const& query);
+// Installed programs carry no path to their library; the stage needs it said.
+inline TestSupport::ChildResult RunInstalledOstrel(Words args) {
+    args.insert(args.begin(), Kit().binDir + "/ostrel");
+    return RunWith(args, {"OSTREL_SKIP_DEFAULT_PLUGINS=1", "LD_LIBRARY_PATH=" + Kit().libDir});
+}
 
-// The installed tool, with only the plug-ins its arguments name.
-TestSupport::ChildResult RunInstalledOstrel(std::vector<std::string> const& args);
+// The example plug-in's figures that stay put between runs.
+inline TestSupport::ChildResult SteadyResourceReport(Words loading) {
+    loading.insert(loading.end(), {"--format-param",
+                                   "fields:SystemResources=Memory Unit,Total Memory,Total "
+                                   "Swap,Limits",
+                                   "system", "resource", "get", "--limits", "--units", "KiB"});
+    return RunInstalledOstrel(loading);
+}
 
-// The example plug-in's report with only the figures that stay put between runs.
-TestSupport::ChildResult SteadyResourceReport(std::vector<std::string> loading);
+inline Words SplitWords(std::string const& text) {
+    std::istringstream stream(text);
+    Words words;
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    return words;
+}
 
-std::vector<std::string> SplitWords(std::string const& text);
-std::string ReadFile(std::string const& path);
+inline std::string ReadFile(std::string const& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
 
-// Copies files into a new directory under Work() and returns its path.
-std::string DirectoryWith(std::string const& name, std::vector<std::string> const& files);
+inline std::string DirectoryWith(std::string const& name, Words const& files) {
+    std::string const directory = Work().path + "/" + name;
+    fs::create_directories(directory);
+    for (auto const& file : files)
+        fs::copy_file(file, directory + "/" + fs::path(file).filename().string(),
+                      fs::copy_options::overwrite_existing);
+    return directory;
+}
 
-// Why the dynamic loader cannot load a file or find its registration entry point.
-std::string LoaderComplaint(std::string const& path);
+inline std::string LoaderComplaint(std::string const& path) {
+    std::unique_ptr<void, int (*)(void*)> library(dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL),
+                                                  dlclose);
+    bool const fine = library && dlsym(library.get(), "AutoCli_RegisterNamespaces") != nullptr;
+    return fine ? "" : dlerror();
+}
 
-// Compared at once so that a failure shows all three.
 inline void ExpectRun(TestSupport::ChildResult const& run, int status, std::string const& out,
                       std::string const& err) {
     EXPECT_EQ(out, run.out);

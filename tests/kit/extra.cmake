@@ -1,10 +1,8 @@
-# The kit tests install the build, then compile plug-ins against the installed kit with the
-# same tools an outside author uses.
+# The kit tests install the build and compile plug-ins against it as an outside author does.
 find_program(TINDRA_PKG_CONFIG_PROGRAM pkg-config REQUIRED)
 find_program(TINDRA_READELF_PROGRAM readelf REQUIRED)
 
-# Installing needs everything that is installed to be built first: every target of the
-# default build outside the tests.
+# Installing needs every target of the default build outside the tests built first.
 function(tindra_kit_default_targets directory result)
   get_property(found DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
   set(built)

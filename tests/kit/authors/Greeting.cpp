@@ -1,6 +1,6 @@
-// A minimal compiled plug-in as an outside author writes it: "<namespace> greet" answers with
-// a greeting. Built several times with different words, so plug-ins define the same classes;
-// built with GREETING_REFUSES, it places its command and then fails to register.
+// A minimal compiled plug-in as an outside author writes it: "<namespace> greet" greets.
+// Built with other words it defines the same classes again; with GREETING_REFUSES it places
+// its command and then fails to register.
 #include <memory>
 #include <string>
 
@@ -26,13 +26,11 @@ protected:
         spec->AddParameter(name);
         return spec;
     }
-
     std::shared_ptr<CallSpec::OutputSpec> GetOutputSpecInternal() override {
         auto spec = CallSpec::OutputSpec::New();
         spec->SetRootObject(MetaObj::MetaString::New());
         return spec;
     }
-
     void ExecuteInternal(std::shared_ptr<CallSpec::Input> input,
                          std::shared_ptr<CallSpec::Output> output) override {
         std::string const name =

@@ -1,5 +1,5 @@
-// A compiled plug-in with what the command-line tests need beyond the built-in command: a
-// secret parameter, a command without default formatter and a command that fails.
+// The command-line tests' plug-in: a secret parameter, a command without default formatter
+// and a command that fails.
 #include <stdexcept>
 
 #include "support/tree/ScriptedCommand.h"
@@ -10,18 +10,22 @@ namespace {
 using namespace Tindra;
 using Tindra::Testing::ScriptedCommand;
 
+std::shared_ptr<CallSpec::ParameterSpec> String(char const* name, char const* description) {
+    auto parameter = CallSpec::ParameterSpec::New(name, CallSpec::ParamString);
+    parameter->SetDescription(description);
+    return parameter;
+}
+
 // Answers "label:password", so a test sees what the prompt read.
 std::shared_ptr<ScriptedCommand> SecretEcho() {
     auto command = ScriptedCommand::New("Show the secret.");
     command->SetDefaultOutputFormatter("simple");
-    auto password = CallSpec::ParameterSpec::New("password", CallSpec::ParamString);
+    auto password = String("password", "The secret.");
     password->SetShortName("p");
     password->SetSecret(true);
-    password->SetDescription("The secret.");
-    command->declaredInput->AddParameter(password);
-    auto label = CallSpec::ParameterSpec::New("label", CallSpec::ParamString);
+    auto label = String("label", "Shown before the secret.");
     label->SetRequired(false);
-    label->SetDescription("Shown before the secret.");
+    command->declaredInput->AddParameter(password);
     command->declaredInput->AddParameter(label);
     command->action = [](CallSpec::Input& input, CallSpec::Output& output) {
         output.SetRootObject(MetaObj::MetaString::New(input.GetParameter("label") + ":" +
@@ -30,31 +34,18 @@ std::shared_ptr<ScriptedCommand> SecretEcho() {
     return command;
 }
 
-// Succeeds without naming a formatter: nothing is printed.
-std::shared_ptr<ScriptedCommand> QuietRun() {
-    auto command = ScriptedCommand::New("Do nothing visible.");
+// A true result; fails instead when told to, else prints nothing unless a formatter is asked.
+std::shared_ptr<ScriptedCommand> BoolRun(char const* description, bool fails) {
+    auto command = ScriptedCommand::New(description);
     command->declaredOutput = MetaObj::MetaBool::New();
-    command->action = [](CallSpec::Input&, CallSpec::Output& output) {
+    if (fails)
+        command->SetDefaultOutputFormatter("simple");
+    command->action = [fails](CallSpec::Input&, CallSpec::Output& output) {
+        if (fails)
+            throw std::runtime_error("disk on fire");
         output.SetRootObject(MetaObj::MetaBool::New(true));
     };
     return command;
-}
-
-std::shared_ptr<ScriptedCommand> FailingRun() {
-    auto command = ScriptedCommand::New("Always fails.");
-    command->SetDefaultOutputFormatter("simple");
-    command->declaredOutput = MetaObj::MetaBool::New();
-    command->action = [](CallSpec::Input&, CallSpec::Output&) {
-        throw std::runtime_error("disk on fire");
-    };
-    return command;
-}
-
-void Register(std::shared_ptr<AutoCli::NamespaceNode> const& parent, char const* namespaceName,
-              std::shared_ptr<AutoCli::Command> command, char const* commandName) {
-    auto group = parent->SubNamespace(namespaceName);
-    group->SetDescription("Test commands.");
-    group->RegisterNamespaceNode(std::move(command), commandName);
 }
 
 }  // namespace
@@ -62,7 +53,13 @@ void Register(std::shared_ptr<AutoCli::NamespaceNode> const& parent, char const*
 extern "C" void AutoCli_RegisterNamespaces(std::shared_ptr<Tindra::AutoCli::Namespace> root) {
     auto top = root->SubNamespace("clitest");
     top->SetDescription("Commands of the command-line tests.");
-    Register(top, "secret", SecretEcho(), "echo");
-    Register(top, "quiet", QuietRun(), "run");
-    Register(top, "fail", FailingRun(), "run");
+    std::pair<char const*, std::shared_ptr<ScriptedCommand>> const commands[] = {
+        {"secret", SecretEcho()},
+        {"quiet", BoolRun("Do nothing visible.", false)},
+        {"fail", BoolRun("Always fails.", true)}};
+    for (auto const& [group, command] : commands) {
+        auto child = top->SubNamespace(group);
+        child->SetDescription("Test commands.");
+        child->RegisterNamespaceNode(command, group == std::string("secret") ? "echo" : "run");
+    }
 }

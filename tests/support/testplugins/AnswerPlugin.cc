@@ -1,5 +1,5 @@
-// A plug-in library with one command, demo answer, that returns a string. Built with
-// REFUSE_REGISTRATION it places that command and then fails.
+// One command, demo answer, returning a string; built with REFUSE_REGISTRATION it places that
+// command and then fails.
 #include "tindra/TindraException.h"
 #include "tindra/autocli/tree/Command.h"
 #include "tindra/autocli/tree/Namespace.h"

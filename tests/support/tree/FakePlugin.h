@@ -12,8 +12,7 @@ namespace Tindra {
 namespace Testing {
 
 // Writes its own name, so a test can see which formatter ran.
-class NamedFormatter : public AutoCli::Formatter {
-public:
+struct NamedFormatter : AutoCli::Formatter {
     explicit NamedFormatter(std::string const& name) : Formatter(name) {}
     bool Format(std::shared_ptr<CallSpec::Output>, AutoCli::FormatParameters&,
                 AutoCli::DisplayContext&, std::ostream& out) override {
@@ -22,21 +21,17 @@ public:
     }
 };
 
-// A plug-in with its own name, formatters and registration; the formatter look-up is the
-// built-in plug-in's.
+// A plug-in with its own name, formatters and registration; the built-in formatter look-up.
 class FakePlugin : public AutoCli::InternalPlugin {
 public:
     using Registration = std::function<void(std::shared_ptr<AutoCli::Namespace>)>;
-
     FakePlugin(
         std::string name, std::vector<std::string> const& formatterNames,
         Registration registration = [](std::shared_ptr<AutoCli::Namespace>) {})
         : name(std::move(name)), registration(std::move(registration)) {
-        for (auto const& formatterName : formatterNames) {
+        for (auto const& formatterName : formatterNames)
             GetFormatters().push_back(std::make_shared<NamedFormatter>(formatterName));
-        }
     }
-
     std::string const& GetName() const override { return name; }
     void RegisterNamespaces(std::shared_ptr<AutoCli::Namespace> root) override {
         registration(root);

@@ -14,7 +14,6 @@ namespace Testing {
 class ScriptedCommand : public AutoCli::Command {
 public:
     using Action = std::function<void(CallSpec::Input&, CallSpec::Output&)>;
-
     static std::shared_ptr<ScriptedCommand> New(std::string description = "") {
         auto command = std::make_shared<ScriptedCommand>();
         command->SetDescription(std::move(description));

@@ -1,0 +1,218 @@
+// The installed kit: library, package files and public headers, then plug-ins built
+// against it by an outside author.
+#include <gtest/gtest.h>
+#include <boost/regex.hpp>
+
+#include <set>
+
+#include "Kit.h"
+
+namespace KitTest {
+namespace {
+
+// Paths relative to root, like "tindra/metaobj/MetaInt.h".
+std::set<std::string> HeadersUnder(std::string const& root) {
+    std::set<std::string> headers;
+    for (auto const& entry : fs::recursive_directory_iterator(root))
+        if (entry.path().extension() == ".h")
+            headers.insert(fs::relative(entry.path(), root).string());
+    return headers;
+}
+
+TEST(InstalledKit, LibraryAndPackageFilesPointIntoTheKitAndNameNoPrivateDependency) {
+    auto const& kit = Kit();
+    std::string const real = "libtindra.so." TINDRA_VERSION,
+                      soname = "libtindra.so." TINDRA_SOVERSION;
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(kit.libDir + "/" + real)));
+    EXPECT_EQ(real, fs::read_symlink(kit.libDir + "/" + soname).string());
+    EXPECT_EQ(soname, fs::read_symlink(kit.libDir + "/libtindra.so").string());
+    std::string const dynamic = RunTool({TINDRA_READELF, "-d", kit.libDir + "/" + real});
+    EXPECT_NE(std::string::npos, dynamic.find("Library soname: [" + soname + "]")) << dynamic;
+
+    auto variable = [](std::string const& name) {
+        return SplitWords(PkgConfig("--variable=" + name) + " -").front();
+    };
+    EXPECT_EQ(fs::canonical(kit.includeDir), fs::canonical(variable("includedir")));
+    EXPECT_EQ(fs::canonical(kit.libDir), fs::canonical(variable("libdir")));
+    EXPECT_EQ(TINDRA_PLUGIN_DIR, variable("plugindir"));
+    std::string const script = "-Wl,--version-script=";
+    int scripts = 0;
+    for (auto const& flag : SplitWords(PkgConfig("--variable=plugin_ldflags"))) {
+        if (flag.rfind(script, 0) == 0) {
+            ++scripts;
+            EXPECT_TRUE(fs::is_regular_file(flag.substr(script.size()))) << flag;
+        }
+    }
+    EXPECT_EQ(1, scripts);
+
+    // Boost and libxml2 are private; the export may list them only as dependent libraries of
+    // the shared object, a link-time search hint that needs no package.
+    Words files = {kit.pkgConfigDir + "/tindra.pc"};
+    for (auto const& entry : fs::directory_iterator(kit.cmakeDir))
+        files.push_back(entry.path());
+    for (auto const& file : files) {
+        std::istringstream text(ReadFile(file));
+        for (std::string line; std::getline(text, line);) {
+            if (line.find("IMPORTED_LINK_DEPENDENT_LIBRARIES") != std::string::npos)
+                continue;
+            for (std::string word :
+                 {"Boost", "boost", "LibXml2", "xml2", TINDRA_SOURCE_DIR, TINDRA_BUILD_DIR})
+                EXPECT_EQ(std::string::npos, line.find(word)) << file << ": " << line;
+        }
+    }
+}
+
+TEST(InstalledKit, PublicHeadersAreCompleteSelfContainedAndReachForNothingPrivate) {
+    static boost::regex const inclusion("^#include\\s+(\\S+)");
+    std::string const umbrella = "tindra/tindra.h", root = Kit().includeDir;
+    auto const headers = HeadersUnder(root);
+    EXPECT_EQ(HeadersUnder(std::string(TINDRA_SOURCE_DIR) + "/include"), headers);
+    std::string const umbrellaText = ReadFile(root + "/" + umbrella);
+    Words compile = {TINDRA_CXX_COMPILER,
+                     "-std=c++17",
+                     "-fsyntax-only",
+                     "-Wall",
+                     "-Wextra",
+                     "-Werror",
+                     "-I",
+                     root};
+    for (auto const& header : headers) {
+        std::string const quoted = "\"" + header + "\"", text = ReadFile(root + "/" + header);
+        EXPECT_TRUE(header == umbrella || umbrellaText.find(quoted) != std::string::npos)
+            << umbrella << " lacks " << header;
+        // Compiling cannot catch these: Boost and platform headers are in the default search
+        // path. Standard C++ headers have no extension.
+        for (boost::sregex_iterator it(text.begin(), text.end(), inclusion), end; it != end; ++it) {
+            std::string const target = (*it)[1], name = target.substr(1, target.size() - 2);
+            EXPECT_TRUE(target.front() == '"' ? headers.count(name) == 1
+                                              : name.find_first_of("./") == std::string::npos)
+                << header << " includes " << target;
+        }
+        // Twice, so a broken include guard shows too.
+        compile.push_back(Work().Write("unit" + std::to_string(compile.size()) + ".cc",
+                                       "#include " + quoted + "\n#include " + quoted + "\n"));
+    }
+    RunTool(compile);
+}
+
+// Plug-ins built from their own directories against the installed kit, with CMake and with
+// pkg-config, run by the installed tool. One test per way of building, as builds are slow.
+std::string const kAuthorSources = std::string(TINDRA_SOURCE_DIR) + "/tests/kit/authors";
+std::string const kExampleSources = std::string(TINDRA_SOURCE_DIR) + "/examples/resource";
+
+// hello and goodday are one source with other words, so they define the same classes.
+struct AuthorPlugins {
+    std::string hello, goodday, resource;
+};
+
+// Configured with nothing but the kit's prefix; the library's own dependencies are its
+// business, so the kit must not need them.
+std::string BuildCMakeProject(std::string const& source, std::string const& name) {
+    std::string const build = Work().path + "/cmake-" + name;
+    RunTool({TINDRA_CMAKE_COMMAND, "-S", source, "-B", build, "-G", TINDRA_CMAKE_GENERATOR,
+             "-DCMAKE_MAKE_PROGRAM=" TINDRA_MAKE_PROGRAM,
+             "-DCMAKE_CXX_COMPILER=" TINDRA_CXX_COMPILER, "-DCMAKE_PREFIX_PATH=" + Kit().prefix,
+             "-DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF", "-DCMAKE_DISABLE_FIND_PACKAGE_Boost=ON",
+             "-DCMAKE_DISABLE_FIND_PACKAGE_LibXml2=ON"});
+    RunTool({TINDRA_CMAKE_COMMAND, "--build", build, "--parallel", "2"});
+    return build;
+}
+
+// One compiler call per plug-in, every flag from pkg-config.
+std::string LinkWithPkgConfig(Words const& sources, Words const& definitions,
+                              std::string const& output) {
+    Words command = {TINDRA_CXX_COMPILER, "-fPIC"};
+    for (auto const& part :
+         {SplitWords(PkgConfig("--cflags")), definitions, sources, Words{"-o", output},
+          SplitWords(PkgConfig("--libs")), SplitWords(PkgConfig("--variable=plugin_ldflags"))})
+        command.insert(command.end(), part.begin(), part.end());
+    RunTool(command);
+    return output;
+}
+
+// Plug-ins share one global symbol scope: the one loaded second must still run its own code.
+// The example plug-in rebuilt by an author reports as the installed one does.
+void ExpectSameClassesApartAndExampleAsInstalled(AuthorPlugins const& built) {
+    ExpectRun(RunInstalledOstrel(
+                  {"--plugin", built.hello, "--plugin", built.goodday, "goodday", "greet"}),
+              0, "Good day, world\n", "");
+    ExpectRun(
+        RunInstalledOstrel({"--plugin", built.goodday, "--plugin", built.hello, "hello", "greet"}),
+        0, "Hello, world\n", "");
+    auto const installed = SteadyResourceReport({"--plugin-dir", Kit().pluginDir});
+    ASSERT_EQ(0, installed.status) << installed.err;
+    ExpectRun(SteadyResourceReport({"--plugin", built.resource}), 0, installed.out, "");
+}
+
+TEST(AuthorBuild, CMakeBuiltPluginsRunAndBrokenOnesCostOnlyTheirOwnCommands) {
+    std::string const authors = BuildCMakeProject(kAuthorSources, "authors");
+    std::string const cache = ReadFile(authors + "/CMakeCache.txt");  // Tindra_DIR:PATH=...
+    auto const found = cache.find('=', cache.find("\nTindra_DIR:"));
+    EXPECT_EQ(fs::canonical(Kit().cmakeDir),
+              fs::canonical(cache.substr(found + 1, cache.find('\n', found) - found - 1)));
+    AuthorPlugins built = {authors + "/hello.so", authors + "/goodday.so",
+                           BuildCMakeProject(kExampleSources, "resource") + "/resource.so"};
+    ExpectRun(RunInstalledOstrel({"--plugin", built.hello, "hello", "greet", "--name", "Ada"}), 0,
+              "Hello, Ada\n", "");
+    std::string const good = DirectoryWith("cmake-plugins", {built.hello, built.goodday});
+    ExpectRun(RunInstalledOstrel({"--plugin-dir", good, "goodday", "greet", "-n", "Ada"}), 0,
+              "Good day, Ada\n", "");
+    ExpectSameClassesApartAndExampleAsInstalled(built);
+
+    // The three loader failures, each reported in turn. The refusing plug-in placed its
+    // command before it threw, so its library must stay loaded while the tree holds it.
+    std::string const refusing = authors + "/refusing.so", noEntry = authors + "/noentry.so";
+    std::string const text = Work().Write("notalib.so", "Named like a plug-in, but only text.\n");
+    auto failure = [](int kind, std::string const& path) {
+        char const* const starts[] = {"Unable to load plugin from ",
+                                      "Unable to get plugin registration point from "};
+        return kind < 2 ? starts[kind] + path + " : " + LoaderComplaint(path)
+                        : "Error while trying to register the plugin " + path +
+                              " This plug-in refuses to register. The functionality in " + path +
+                              " will not be available until this issue is resolved.";
+    };
+    ExpectRun(RunInstalledOstrel({"--plugin", text, "--plugin", noEntry, "--plugin", refusing,
+                                  "refusing", "greet"}),
+              0, "Placed, world\n",
+              "Unable to load plugin " + text + ": " + failure(0, text) +
+                  "\nUnable to load plugin " + noEntry + ": " + failure(1, noEntry) +
+                  "\nUnable to load plugin " + refusing + ": " + failure(2, refusing) + "\n");
+
+    // In a directory: name order, and files neither .so nor .xml are not even looked at.
+    std::string const mixed =
+        DirectoryWith("mixed-plugins", {refusing, built.hello, noEntry, text});
+    Work().Write("mixed-plugins/README.txt", "not a plug-in\n");
+    std::string skipped;
+    for (auto const& [name, kind] :
+         {std::pair{"/noentry.so", 1}, {"/notalib.so", 0}, {"/refusing.so", 2}})
+        skipped += "Error loading plugin " + mixed + name +
+                   " skipping.  Error was: " + failure(kind, mixed + name) + "\n";
+    ExpectRun(RunInstalledOstrel({"--plugin-dir", mixed, "hello", "greet", "-n", "Cy"}), 0,
+              "Hello, Cy\n", skipped);
+}
+
+TEST(AuthorBuild, PkgConfigBuiltPluginsRunByFileAndByDirectory) {
+    std::string const build = Work().path + "/pkg-config";
+    fs::create_directories(build);
+    auto greeting = [&](std::string const& name, std::string const& word) {
+        return LinkWithPkgConfig(
+            {kAuthorSources + "/Greeting.cpp"},
+            {"-DGREETING_NAMESPACE=\"" + name + "\"", "-DGREETING_WORD=\"" + word + "\""},
+            build + "/" + name + ".so");
+    };
+    Words example;
+    for (auto const& entry : fs::directory_iterator(kExampleSources))
+        if (entry.path().extension() == ".cc")
+            example.push_back(entry.path());
+    AuthorPlugins built = {greeting("hello", "Hello"), greeting("goodday", "Good day"),
+                           LinkWithPkgConfig(example, {}, build + "/resource.so")};
+    ExpectRun(RunInstalledOstrel({"--plugin", built.goodday, "goodday", "greet", "-n", "Bo"}), 0,
+              "Good day, Bo\n", "");
+    std::string const directory = DirectoryWith("pkg-config-plugins", {built.hello});
+    ExpectRun(RunInstalledOstrel({"--plugin-dir", directory, "hello", "greet"}), 0,
+              "Hello, world\n", "");
+    ExpectSameClassesApartAndExampleAsInstalled(built);
+}
+
+}  // namespace
+}  // namespace KitTest
