@@ -139,8 +139,10 @@ void ExpectSameClassesApartAndExampleAsInstalled(AuthorPlugins const& built) {
     ExpectRun(
         RunInstalledOstrel({"--plugin", built.goodday, "--plugin", built.hello, "hello", "greet"}),
         0, "Hello, world\n", "");
+    // The installed directory also holds the bundled descriptors: all of them load beside it.
     auto const installed = SteadyResourceReport({"--plugin-dir", Kit().pluginDir});
     ASSERT_EQ(0, installed.status) << installed.err;
+    EXPECT_EQ("", installed.err);
     ExpectRun(SteadyResourceReport({"--plugin", built.resource}), 0, installed.out, "");
 }
 
