@@ -22,7 +22,7 @@ bool IsOpenDescriptor(int fd) {
 
 // The spawn attribute and file-action objects, released on every path.
 class SpawnSetup {
-  public:
+public:
     SpawnSetup() {
         attrError = ::posix_spawnattr_init(&attributes);
         actionsError = ::posix_spawn_file_actions_init(&actions);
@@ -52,7 +52,7 @@ class SpawnSetup {
     posix_spawnattr_t attributes;
     posix_spawn_file_actions_t actions;
 
-  private:
+private:
     int MapDescriptors(int const (&childFds)[3]) {
         for (int target = 0; target < kStandardDescriptors; ++target) {
             int source = childFds[target];

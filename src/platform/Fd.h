@@ -6,7 +6,7 @@ namespace Platform {
 
 // Owns one file descriptor and closes it when it goes, unless it was closed before.
 class UniqueFd {
-  public:
+public:
     UniqueFd() = default;
     explicit UniqueFd(int fd) : fd(fd) {}
     UniqueFd(UniqueFd&& other) noexcept : fd(other.Release()) {}
@@ -24,7 +24,7 @@ class UniqueFd {
     // 0, or the errno of the failing fcntl.
     int SetNonBlocking();
 
-  private:
+private:
     int fd = -1;
 };
 

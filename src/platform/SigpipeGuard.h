@@ -10,13 +10,13 @@ namespace Platform {
 // process. SIGPIPE is blocked for the calling thread only; a SIGPIPE raised meanwhile is
 // consumed before the previous mask comes back, unless one was already pending before.
 class SigpipeGuard {
-  public:
+public:
     SigpipeGuard();
     ~SigpipeGuard();
     SigpipeGuard(SigpipeGuard const&) = delete;
     SigpipeGuard& operator=(SigpipeGuard const&) = delete;
 
-  private:
+private:
     sigset_t previousMask;
     bool wasPending = false;
     bool active = false;

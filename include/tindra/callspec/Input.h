@@ -40,8 +40,7 @@ public:
     bool GetParameterBool(char const* name) const;
     void GetParameterList(std::string const& name, std::vector<std::string>& out) const;
     void GetParameterList(char const* name, std::vector<std::string>& out) const;
-    std::string GetParameterListAsString(std::string const& name, char separator,
-                                         bool quote) const;
+    std::string GetParameterListAsString(std::string const& name, char separator, bool quote) const;
     void GetParameterIntList(std::string const& name, std::vector<long>& out) const;
     void GetParameterBoolList(std::string const& name, std::vector<bool>& out) const;
 

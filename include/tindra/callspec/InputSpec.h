@@ -16,7 +16,7 @@ class Input;
 
 // The declared input of a command: its parameters, sorted by long name, and its contexts.
 class InputSpec {
-  public:
+public:
     static std::shared_ptr<InputSpec> New();
 
     void AddParameter(std::shared_ptr<ParameterSpec> const& parameter);
@@ -29,7 +29,7 @@ class InputSpec {
     // Read directly by help output and option parsing.
     std::vector<std::shared_ptr<ParameterSpec>> parameters;
 
-  private:
+private:
     std::set<std::string> contexts;
 };
 

@@ -22,7 +22,8 @@ public:
     static std::shared_ptr<MetaList> New(MetaType listType);
     static std::shared_ptr<MetaList> New(MetaType listType,
                                          std::shared_ptr<MetaStruct> const& structure);
-    static std::shared_ptr<MetaList> New(MetaType listType, std::shared_ptr<MetaStruct>&& structure);
+    static std::shared_ptr<MetaList> New(MetaType listType,
+                                         std::shared_ptr<MetaStruct>&& structure);
     static std::shared_ptr<MetaList> New(MetaType listType,
                                          std::shared_ptr<MetaObject> const& structure);
 

@@ -20,7 +20,7 @@ class MetaList;
 // Base of every value. Values live only in shared ownership, created by the New factories
 // directly as their concrete type, so the base needs no virtual destructor.
 class MetaObject {
-  public:
+public:
     // Tag that only the factories can make, so no value exists outside shared ownership.
     class FactoryFlag {
         FactoryFlag() {}  // user-provided, so the tag is not an aggregate anyone can brace-build
@@ -38,12 +38,12 @@ class MetaObject {
                                  std::vector<std::string>* errors);
     virtual std::string ToString() const = 0;
 
-  protected:
+protected:
     explicit MetaObject(MetaType t) : type(t) {}
     MetaObject(MetaObject const&) = default;
     ~MetaObject() = default;
 
-  private:
+private:
     MetaType type;
 };
 

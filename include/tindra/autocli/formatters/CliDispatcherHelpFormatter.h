@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The "clihelp" formatter: the listing of a namespace.
 class CliDispatcherHelpFormatter : public Formatter {
-  public:
+public:
     CliDispatcherHelpFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

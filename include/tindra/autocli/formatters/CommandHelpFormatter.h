@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The "commandhelp" formatter: usage, description, options and examples of one command.
 class CommandHelpFormatter : public Formatter {
-  public:
+public:
     CommandHelpFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

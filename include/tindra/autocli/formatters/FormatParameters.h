@@ -10,7 +10,7 @@ namespace AutoCli {
 
 // A formatter name and the string parameters that travel with one formatting request.
 class FormatParameters {
-  public:
+public:
     FormatParameters() = default;
     FormatParameters(FormatParameters const&) = default;
     FormatParameters(FormatParameters&&) = default;
@@ -31,7 +31,7 @@ class FormatParameters {
     std::vector<std::string> GetParameterAsList(std::string const& key) const;
     void OverrideValues(FormatParameters& other);
 
-  private:
+private:
     std::string formatter;
     std::map<std::string, std::string> parameters;
 };

@@ -26,7 +26,7 @@ struct FormatterParam {
 
 // Turns a call's output into text.
 class Formatter {
-  public:
+public:
     explicit Formatter(std::string const& name) : name(name) {}
     virtual ~Formatter() = default;
 
@@ -37,11 +37,11 @@ class Formatter {
     std::string const& GetDescription() const { return description; }
     std::vector<FormatterParam> const& GetParams() const { return params; }
 
-  protected:
+protected:
     std::string description;
     std::vector<FormatterParam> params;
 
-  private:
+private:
     std::string name;
 };
 

@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The "json" formatter.
 class JsonFormatter : public Formatter {
-  public:
+public:
     JsonFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

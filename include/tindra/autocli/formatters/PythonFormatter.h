@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The "python" formatter: a one-line literal that eval() can read.
 class PythonFormatter : public Formatter {
-  public:
+public:
     PythonFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The "simple" formatter: any value as indented plain text.
 class SimpleFormatter : public Formatter {
-  public:
+public:
     SimpleFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

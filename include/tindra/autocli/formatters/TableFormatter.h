@@ -14,7 +14,7 @@ namespace AutoCli {
 
 // The "table" formatter: a list of structures as an aligned text table.
 class TableFormatter : public Formatter {
-  public:
+public:
     TableFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

@@ -17,7 +17,7 @@ std::string SantizeString(std::string text);
 
 // The "xml" formatter: the output as an XML document with its meta-data.
 class XmlFormatter : public Formatter {
-  public:
+public:
     XmlFormatter();
 
     bool Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,

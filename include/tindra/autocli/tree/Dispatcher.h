@@ -38,8 +38,7 @@ public:
 
     std::shared_ptr<Command> GetCommand(std::shared_ptr<CommandInput> input,
                                         std::shared_ptr<CommandOutput> output);
-    bool ExecuteCommand(std::shared_ptr<CommandInput> input,
-                        std::shared_ptr<CommandOutput> output);
+    bool ExecuteCommand(std::shared_ptr<CommandInput> input, std::shared_ptr<CommandOutput> output);
 
     bool HasFormatter(std::string const& name) const;
     std::shared_ptr<Formatter> GetFormatter(std::string const& name) const;
