@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Ostrel.h"
+#include "support/PseudoTerminal.h"
 
 namespace {
 
@@ -19,7 +20,6 @@ TEST(CommandOutputTest, TheLastColumnWrapsAtAValidScreenWidth) {
 }
 
 TEST(CommandOutputTest, EachFormatterCanBeChosen) {
-    ExpectRun(Ostrel(List({})), 0, kCommandTable, "");
     ExpectRun(Ostrel(List({"--formatter", "table"})), 0, kCommandTable, "");
     ExpectRun(Ostrel(List({"--formatter", "simple"})), 0,
               "\nOstrelCommand:\n   Namespace: ostrel.command\n   Command: list\n"
@@ -84,7 +84,7 @@ std::string const kListHelpUsage =
     "Usage: ostrel ostrel command list <options>\n\nDescription: List all of the ostrel "
     "commands.\n\n";
 
-TEST(CommandHelpTest, HelpAsACommandOptionShowsTheCommandsHelp) {
+TEST(CommandHelpTest, HelpAsACommandOptionShowsTheCommandsWrappedHelpInAnyFormat) {
     std::string const help =
         kListHelpUsage +
         "  -c|--command-filter       Show only commands containing the specified string in "
@@ -96,9 +96,7 @@ TEST(CommandHelpTest, HelpAsACommandOptionShowsTheCommandsHelp) {
         "their namespace path.\n";
     ExpectRun(Ostrel(List({}, {"--help"})), 0, help, "");
     ExpectRun(Ostrel(List({}, {"-c", "x", "-h"})), 0, help, "");
-}
-
-TEST(CommandHelpTest, DescriptionsWrapUnderTheirColumn) {
+    // Descriptions wrap under their column.
     ExpectRun(Ostrel(List({"--screen-width", "60"}, {"-h"})), 0,
               kListHelpUsage +
                   "  -c|--command-filter       Show only commands containing \n"
@@ -112,14 +110,32 @@ TEST(CommandHelpTest, DescriptionsWrapUnderTheirColumn) {
                   "                            the specified string in their \n"
                   "                            namespace path.\n",
               "");
-}
-
-TEST(CommandHelpTest, TheFormatterOptionAppliesToHelpToo) {
+    // The formatter option applies to help too.
     auto run = Ostrel(List({"--formatter", "xml"}, {"--help"}));
     EXPECT_EQ(0, run.status);
     EXPECT_NE(std::string::npos, run.out.find("<structure typeName=\"OstrelCommandHelp\">"))
         << run.out;
     EXPECT_EQ(std::string::npos, run.out.find("Usage: "));
+}
+
+// Standard output on a terminal: its window size is the screen width, unless overridden.
+std::string ListOnTerminal(unsigned short columns, Words const& options) {
+    TestSupport::PseudoTerminal terminal;
+    terminal.SetWindowSize(columns, 24);
+    Words argv = List(options);
+    argv.insert(argv.begin(), "ostrel");
+    auto run = TestSupport::RunProgram(OSTREL_BINARY, argv, "", {"OSTREL_SKIP_DEFAULT_PLUGINS=1"},
+                                       terminal.slave.Get());
+    EXPECT_EQ(0, run.status);
+    EXPECT_EQ("", run.err);
+    return terminal.ReadWritten();
+}
+
+TEST(CommandOutputTest, TheTerminalsWidthWrapsUnlessTheCommandLineSetsOne) {
+    EXPECT_EQ(kCommandTableAt40, ListOnTerminal(40, {}));
+    EXPECT_EQ(kCommandTable, ListOnTerminal(40, {"--screen-width", "200"}));
+    EXPECT_EQ(kCommandTableAt40, ListOnTerminal(200, {"--screen-width", "40"}));
+    EXPECT_EQ(kCommandTableAt40, ListOnTerminal(40, {"--screen-width", "10000"}));
 }
 
 }  // namespace

@@ -64,15 +64,14 @@ TEST(InputStreamTest, StreamRows) {
     }
 }
 
-TEST(InputStreamTest, ALineListingANamespaceFailsButTheStreamGoesOn) {
+TEST(InputStreamTest, ANamespaceLineFailsButTheStreamGoesOnHelpEndsIt) {
     auto run = Ostrel({"--input", "STDIN"}, "ostrel command\nostrel command list\n");
     EXPECT_EQ(0, run.status);
     EXPECT_EQ(0u, run.out.find("Usage: ostrel [disp options] ostrel command <namespaces>"));
     EXPECT_EQ(run.out.size() - kCommandTable.size(), run.out.rfind(kCommandTable));
-}
 
-TEST(InputStreamTest, HelpOnAnyLineEndsTheWholeRun) {
-    auto run = Ostrel({"--input", "STDIN"}, "ostrel command list\n--help\nostrel command list\n");
+    // Help on any line ends the whole run.
+    run = Ostrel({"--input", "STDIN"}, "ostrel command list\n--help\nostrel command list\n");
     EXPECT_EQ(1, run.status);
     EXPECT_EQ(0u, run.out.find(kCommandTable + "ostrel [dispatcher options]")) << run.out;
     EXPECT_EQ(std::string::npos, run.out.find(kCommandTable, 1));

@@ -15,7 +15,7 @@ std::string Listing(std::string const& path, std::string const& namespaces,
            namespaces + "\nAvailable Commands: \n\n" + commands + "\n";
 }
 
-TEST(ListingTest, NamespacesListTheirChildrenAndFail) {
+TEST(ListingTest, NamespacesListTheirWrappedChildrenAndFail) {
     ExpectRun(Ostrel({}), 1,
               Listing("",
                       "ostrel  Commands that operate on the ostrel system itself allowing users "
@@ -29,18 +29,13 @@ TEST(ListingTest, NamespacesListTheirChildrenAndFail) {
     ExpectRun(Ostrel({"--bogus", "x", "ostrel", "command"}), 1,
               Listing("ostrel command ", "", "list  List all of the ostrel commands.\n"),
               "Errors: \nUnknown dispatcher parameter: bogus\n");
-}
-
-TEST(ListingTest, DescriptionsWrapAtTheGivenScreenWidth) {
     ExpectRun(Ostrel({"--screen-width", "60"}), 1,
               Listing("",
                       "ostrel  Commands that operate on the ostrel system itself \n"
                       "        allowing users to get additional information.\n",
                       ""),
               "");
-}
-
-TEST(ListingTest, AnUnknownWordEndsTheRunWithTheResolverMessage) {
+    // An unknown word ends the run with the resolver's message.
     ExpectRun(Ostrel({"ostrel", "command", "nosuch", "--x", "1"}), 1, "",
               "Errors: \nUnable to find a command or namespace with the name 'nosuch' in "
               "namespace ostrel command\n");
@@ -50,7 +45,7 @@ TEST(ListingTest, AnUnknownWordEndsTheRunWithTheResolverMessage) {
               "sub-namespaces.\n");
 }
 
-TEST(UsageTest, HelpAsADispatcherOptionPrintsTheUsageAndNothingElse) {
+TEST(UsageTest, HelpPrintsTheUsageAloneNamingTheToolAsInvoked) {
     std::string const usage =
         "ostrel [dispatcher options] <namespaces> <command> [options]\n"
         "      For a list of available namespaces run ostrel with no arguments.  \n"
@@ -74,9 +69,8 @@ TEST(UsageTest, HelpAsADispatcherOptionPrintsTheUsageAndNothingElse) {
          {Words{"--help"}, List({"-h"}), Words{"--bogus", "1", "--formatter", "xml", "--help"}}) {
         ExpectRun(Ostrel(args), 1, usage, "");
     }
-}
 
-TEST(UsageTest, ListingAndUsageNameTheToolAsInvoked) {
+    // Listing and usage name the tool as invoked.
     auto run = [](char const* word) {
         return TestSupport::RunProgram(OSTREL_BINARY, {"/opt/bin/tool", word}, "",
                                        {"OSTREL_SKIP_DEFAULT_PLUGINS=1"})

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -12,7 +13,6 @@ using namespace Tindra::CallSpec;
 using Pairs = std::vector<OptionParser::Pair>;
 using Words = std::vector<std::string>;
 
-// name (-n, required string), verbose (-v, flag), help (-h, optional bool).
 std::shared_ptr<InputSpec> SampleSpec() {
     auto spec = InputSpec::New();
     std::pair<char const*, ParameterType> const declared[] = {
@@ -43,17 +43,19 @@ TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptions) {
 
 TEST(OptionShapeTest, ParseParameterTellsWhetherTheValueCameAttached) {
     OptionParser parser;
-    std::string name, value = "untouched";
-    EXPECT_FALSE(parser.ParseParameter("-n", name, value));
-    EXPECT_EQ("n|untouched", name + "|" + value);
-    EXPECT_FALSE(parser.ParseParameter("--name", name, value));
-    EXPECT_EQ("name", name);
-    EXPECT_TRUE(parser.ParseParameter("--name=a=b", name, value));
-    EXPECT_EQ("name|a=b", name + "|" + value);
+    std::tuple<char const*, bool, char const*> const cases[] = {{"-n", false, "n|untouched"},
+                                                                {"--name", false, "name|untouched"},
+                                                                {"--name=a=b", true, "name|a=b"}};
+    for (auto const& [word, attached, parsed] : cases) {
+        std::string name, value = "untouched";
+        EXPECT_EQ(attached, parser.ParseParameter(word, name, value)) << word;
+        EXPECT_EQ(parsed, name + "|" + value) << word;
+    }
     EXPECT_TRUE(parser.GetParseErrors().empty());
 
-    EXPECT_FALSE(parser.ParseParameter("-ab", name, value));
-    EXPECT_FALSE(parser.ParseParameter("--x=", name, value));
+    std::string name, value;
+    EXPECT_FALSE(parser.ParseParameter("-ab", name, value) ||
+                 parser.ParseParameter("--x=", name, value));
     EXPECT_EQ((Words{"Attempt to parse option failed.  Input was : -ab",
                      "Attempt to parse option failed.  Input was : --x="}),
               parser.GetParseErrors());
@@ -86,6 +88,25 @@ TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeat
     EXPECT_FALSE(parser.HasDispatcherParameter("x"));
     EXPECT_EQ((Words{"1", "3"}), parser.GetCommandParameter("x"));
     EXPECT_FALSE(parser.HasCommandParameter("plugin"));
+
+    // Parsing again keeps earlier errors and already processed command options.
+    OptionParser again;
+    again.ParseVector({"a", "-x", "1", "stray"});
+    again.ProcessCommandArguments();
+    again.ParseVector({"--fmt", "json", "b", "c"});
+    EXPECT_EQ((Pairs{{"fmt", "json"}}), again.GetDispatcherParameters());
+    EXPECT_EQ((Words{"b", "c"}), PathOf(again));
+    EXPECT_EQ((Pairs{{"x", "1"}}), again.GetCommandParameters());
+    EXPECT_EQ(1u, again.GetParseErrors().size());
+
+    OptionParser dumped("tool");
+    dumped.ParseVector({"--formatter", "xml", "ns", "cmd", "-v", "--name", "a b", "extra"});
+    EXPECT_EQ(
+        "Parsed: 0\nDispatcher: tool\nErrors: \n"
+        "   Found Extra non-parameter arguments at the end of input: 'extra' \n"
+        "Path: 'ns''cmd'\nDispatch Params: \n   --formatter = 'xml'\n"
+        "Command Params: \n   --v = ''\n   --name = 'a b'\n",
+        dumped.ToString());
 }
 
 TEST(OptionParserTest, MissingValuesAreCheckedAgainstTheDeclarationSetBeforeProcessing) {
@@ -102,28 +123,6 @@ TEST(OptionParserTest, MissingValuesAreCheckedAgainstTheDeclarationSetBeforeProc
     late.SetInputSpec(SampleSpec());
     late.GetCommandParameters();
     EXPECT_TRUE(late.GetParseErrors().empty());
-}
-
-TEST(OptionParserTest, ParsingAgainKeepsErrorsAndProcessedCommandOptions) {
-    OptionParser parser;
-    parser.ParseVector({"a", "-x", "1", "stray"});
-    parser.ProcessCommandArguments();
-    parser.ParseVector({"--fmt", "json", "b", "c"});
-    EXPECT_EQ((Pairs{{"fmt", "json"}}), parser.GetDispatcherParameters());
-    EXPECT_EQ((Words{"b", "c"}), PathOf(parser));
-    EXPECT_EQ((Pairs{{"x", "1"}}), parser.GetCommandParameters());
-    EXPECT_EQ(1u, parser.GetParseErrors().size());
-}
-
-TEST(OptionParserTest, ToStringDumpsEveryPart) {
-    OptionParser parser("tool");
-    parser.ParseVector({"--formatter", "xml", "ns", "cmd", "-v", "--name", "a b", "extra"});
-    EXPECT_EQ(
-        "Parsed: 0\nDispatcher: tool\nErrors: \n"
-        "   Found Extra non-parameter arguments at the end of input: 'extra' \n"
-        "Path: 'ns''cmd'\nDispatch Params: \n   --formatter = 'xml'\n"
-        "Command Params: \n   --v = ''\n   --name = 'a b'\n",
-        parser.ToString());
 }
 
 TEST(ParseStringTest, QuotesGroupBlanksAndAreRemoved) {

@@ -48,66 +48,43 @@ TEST(TerminalEchoGuardTest, SwitchesOnlyEchoOffAndRestoresOnScopeExitAndExceptio
     EXPECT_EQ(handler, CurrentHandler(SIGTERM)) << "no terminal, nothing to guard";
 }
 
-TEST(TerminalEchoGuardTest, HandlersAreReplacedOnlyWhileTheGuardLives) {
-    PseudoTerminal terminal;
-    auto result = RunInChild([&terminal] {
-        int const signals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
-        auto show = [&signals] {
-            for (int signal : signals) {
-                std::cout << (CurrentHandler(signal) == SIG_DFL ? "default;" : "ours;");
-            }
-        };
-        for (int signal : signals) {
-            ::signal(signal, SIG_DFL);
-        }
-        {
-            TerminalEchoGuard guard(terminal.slave.Get());
-            show();
-        }
-        show();
-    });
-    EXPECT_EQ("ours;ours;ours;ours;default;default;default;default;", result.out);
-}
-
-TEST(TerminalEchoGuardTest, ASignalWithDefaultActionRestoresTheTerminalAndStillKills) {
-    PseudoTerminal terminal;
-    auto result = RunInChild([&terminal] {
-        signal(SIGTERM, SIG_DFL);
-        TerminalEchoGuard guard(terminal.slave.Get());
-        raise(SIGTERM);
-        std::cout << "survived";
-    });
-    EXPECT_EQ(128 + SIGTERM, result.status);
-    EXPECT_EQ("", result.out);
-    EXPECT_TRUE(terminal.Echoes());
-}
-
 extern "C" void ReportInterrupt(int) {
     char const text[] = "previous handler;";
     ssize_t ignored = write(1, text, sizeof text - 1);
     (void)ignored;
 }
 
-TEST(TerminalEchoGuardTest, ACaughtSignalRestoresAndReachesThePreviousHandlerAnIgnoredOneNot) {
+// Each run installs `previous`, raises `signal` under the guard, then reports echo and handlers.
+TEST(TerminalEchoGuardTest, SignalsRestoreTheTerminalAndReachThePreviousDisposition) {
     PseudoTerminal terminal;
     auto raiseUnderGuard = [&terminal](int signal, Handler previous) {
         return RunInChild([&terminal, signal, previous] {
-            ::signal(signal, previous);
-            TerminalEchoGuard guard(terminal.slave.Get());
-            raise(signal);
-            std::cout << (terminal.Echoes() ? "echo on;" : "echo off;");
-            std::cout << (CurrentHandler(signal) == previous ? "handler back" : "ours");
+            for (int other : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+                ::signal(other, other == signal ? previous : SIG_DFL);
+            }
+            {
+                TerminalEchoGuard guard(terminal.slave.Get());
+                std::cout << (CurrentHandler(SIGQUIT) == SIG_DFL ? "default;" : "ours;")
+                          << std::flush;
+                raise(signal);
+                std::cout << (terminal.Echoes() ? "echo on;" : "echo off;");
+                std::cout << (CurrentHandler(signal) == previous ? "handler back;" : "ours;");
+            }
+            std::cout << (CurrentHandler(SIGQUIT) == SIG_DFL ? "default" : "ours");
         });
     };
+    auto killed = raiseUnderGuard(SIGTERM, SIG_DFL);
+    EXPECT_EQ(128 + SIGTERM, killed.status);
+    EXPECT_EQ("ours;", killed.out);
+    EXPECT_TRUE(terminal.Echoes());
     auto interrupted = raiseUnderGuard(SIGINT, ReportInterrupt);
     EXPECT_EQ(0, interrupted.status);
-    EXPECT_EQ("previous handler;echo on;handler back", interrupted.out);
+    EXPECT_EQ("ours;previous handler;echo on;handler back;default", interrupted.out);
     auto hungUp = raiseUnderGuard(SIGHUP, SIG_IGN);
     EXPECT_EQ(0, hungUp.status);
-    EXPECT_EQ(0u, hungUp.out.find("echo off;"));
+    EXPECT_EQ(0u, hungUp.out.find("ours;echo off;"));
 }
 
-// The whole prompt over a terminal: the typed line is returned and nothing is echoed back.
 TEST(SilentStringTest, ReadsALineFromATerminalWithoutEchoingIt) {
     PseudoTerminal terminal;
     auto answer = TestSupport::Pipe::Open();
@@ -120,7 +97,7 @@ TEST(SilentStringTest, ReadsALineFromATerminalWithoutEchoingIt) {
         _exit(write(answer.write.Get(), line.data(), line.size()) < 0);
     }
     answer.write.Reset();
-    // Type only once the child has switched echo off; before that the terminal would echo.
+    // Type only once echo is off; before that the terminal would echo.
     for (int tries = 0; terminal.Echoes() && tries < 10000; ++tries) {
         usleep(1000);
     }
