@@ -19,10 +19,10 @@ using Texts = std::vector<std::string>;
 // each placeholder kind, quoted and not, alone and mixed.
 // clang-format off
 Texts const kTemplates({"$val{aa}", "'$val{aa}'", "\"$val{aa}\"",
-    "--a=$val{aa} '$val{aa}' $val{aa}", "$if{aa,--a $val{aa}} $if{zz,--z}",
-    "$if{aa,'$val{aa}'}", "$list{ll,',',false}", "$list{ll,',',true}", "$list{ll,'',false}", "$multilist{ll,--item,false}",
-    "$multilist{ll,--item,true}", "$val{aa} $val{bb}", "$val{aa} '$val{aa}'",
-    "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'",
+    "--a=$val{aa} '$val{aa}' $val{aa}", "$if{aa,--a $val{aa}} $if{zz,--z}", "$if{aa,'$val{aa}'}",
+    "$list{ll,',',false}", "$list{ll,',',true}", "$list{ll,'',false}",
+    "$multilist{ll,--item,false}", "$multilist{ll,--item,true}", "$val{aa} $val{bb}",
+    "$val{aa} '$val{aa}'", "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'",
     "$if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}"});
 
 // Parameters are filled in name order: aa's value is in the text when bb's turn comes, and
