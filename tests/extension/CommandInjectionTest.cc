@@ -11,32 +11,28 @@
 #include "extension/CommandBuilder.h"
 #include "tindra/callspec/Output.h"
 
-using Kind = Tindra::CallSpec::ParameterType;
-using Texts = std::vector<std::string>;
-
 namespace {
 
-// Templates that get the hostile value in every parameter.
-Texts const kTemplates({"true $val{aa}", "true '$val{aa}'", "true \"$val{aa}\"",
-                        "true --a=$val{aa} '$val{aa}' $val{aa}",
-                        "true $if{aa,--a $val{aa}} $if{zz,--z}", "true $if{aa,'$val{aa}'}",
-                        "true $list{ll,',',false}", "true $list{ll,',',true}",
-                        "true $list{ll,'',false}", "true $multilist{ll,--item,false}",
-                        "true $multilist{ll,--item,true}", "true $val{aa} $val{bb}",
-                        "true $val{aa} '$val{aa}'", "true '$val{aa}' $val{bb} '$val{bb}'",
-                        "true $val{aa}'$val{bb}'",
-                        "true $if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}"});
+using Texts = std::vector<std::string>;
+
+// The parts after "true " of the templates that get the hostile value in every parameter:
+// each placeholder kind, quoted and not, alone and mixed.
+// clang-format off
+Texts const kTemplates({"$val{aa}", "'$val{aa}'", "\"$val{aa}\"",
+    "--a=$val{aa} '$val{aa}' $val{aa}", "$if{aa,--a $val{aa}} $if{zz,--z}", "$if{aa,'$val{aa}'}",
+    "$list{ll,',',false}", "$list{ll,',',true}", "$list{ll,'',false}",
+    "$multilist{ll,--item,false}", "$multilist{ll,--item,true}", "$val{aa} $val{bb}",
+    "$val{aa} '$val{aa}'", "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'",
+    "$if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}"});
 
 // Parameters are filled in name order: aa's value is in the text when bb's turn comes, and
 // must not be read as a placeholder. These templates get one of these values in aa.
 Texts const kPlaceholderValues({"$val{bb}", "'$val{bb}'", "x$val{bb}x", "$list{ll,',',false}",
-                                "$multilist{ll,-x,false}", "$if{zz,", "$if{zz,x}", "{$if{zz,",
-                                "'"});
-Texts const kTemplatesAfterPlaceholder({"true $val{aa} $val{bb}", "true '$val{aa}' '$val{bb}'",
-                                        "true $val{aa} $list{ll,',',true}",
-                                        "true $val{aa} $multilist{ll,-x,true}",
-                                        "true $val{aa} $if{zz,x} '$val{bb}' $if{zz,x}",
-                                        "true '$val{aa}' $if{zz,x} $val{bb} $if{zz,{y}}"});
+    "$multilist{ll,-x,false}", "$if{zz,", "$if{zz,x}", "{$if{zz,", "'"});
+Texts const kTemplatesAfterPlaceholder({"$val{aa} $val{bb}", "'$val{aa}' '$val{bb}'",
+    "$val{aa} $list{ll,',',true}", "$val{aa} $multilist{ll,-x,true}",
+    "$val{aa} $if{zz,x} '$val{bb}' $if{zz,x}", "'$val{aa}' $if{zz,x} $val{bb} $if{zz,{y}}"});
+// clang-format on
 
 std::string const kStdinTemplate =
     "$val{aa} '$val{aa}' $if{aa,$val{bb}} $list{ll,',',true} $multilist{ll,-x,true}";
@@ -53,9 +49,9 @@ protected:
         ASSERT_NE(nullptr, getcwd(previous, sizeof previous));
         previousDirectory = previous;
         ASSERT_EQ(0, chdir(directory.c_str()));
-        builder.Parameter("aa", Kind::ParamString)
-            .Parameter("bb", Kind::ParamString)
-            .Parameter("ll", Kind::ParamStringList);
+        builder.Parameter("aa", CommandBuilder::Kind::ParamString)
+            .Parameter("bb", CommandBuilder::Kind::ParamString)
+            .Parameter("ll", CommandBuilder::Kind::ParamStringList);
     }
     void TearDown() override {
         unlink(marker.c_str());
@@ -116,11 +112,12 @@ TEST_F(CommandInjectionTest, HostileValuesRunNothingElse) {
     for (auto const& value : HostileValues()) {
         std::string const shown = "\nvalue: " + value.substr(0, 80);
         for (auto const& execute : kTemplates) {
-            EXPECT_FALSE(RunsSomethingElse(execute, "", value, value)) << execute << shown;
+            EXPECT_FALSE(RunsSomethingElse("true " + execute, "", value, value))
+                << execute << shown;
         }
         for (auto const& execute : kTemplatesAfterPlaceholder) {
             for (auto const& first : kPlaceholderValues) {
-                EXPECT_FALSE(RunsSomethingElse(execute, "", first, value))
+                EXPECT_FALSE(RunsSomethingElse("true " + execute, "", first, value))
                     << execute << "\naa: " << first << shown;
             }
         }
