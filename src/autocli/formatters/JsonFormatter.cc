@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "autocli/formatters/KindMismatch.h"
 #include "autocli/formatters/Spaces.h"
 
 namespace Tindra {
@@ -91,7 +92,11 @@ void JsonWriter::Value(MetaObject* value, int level) {
     switch (value->GetType()) {
         case MetaType::Bool: {
             auto const* flag = dynamic_cast<MetaBool const*>(value);
-            out << (flag ? (flag->GetValue() ? "true" : "false") : "Error reading a bool\n");
+            if (flag) {
+                out << (flag->GetValue() ? "true" : "false");
+            } else {
+                out << KindMismatch::kBool << '\n';
+            }
             return;
         }
         case MetaType::Int: {
@@ -99,7 +104,7 @@ void JsonWriter::Value(MetaObject* value, int level) {
             if (number) {
                 out << number->GetValue();
             } else {
-                out << "Error reading a int\n";
+                out << KindMismatch::kInt << '\n';
             }
             return;
         }
@@ -108,7 +113,7 @@ void JsonWriter::Value(MetaObject* value, int level) {
             if (text) {
                 WriteJsonString(out, text->GetValue());
             } else {
-                out << "Error reading a string\n";
+                out << KindMismatch::kString << '\n';
             }
             return;
         }
@@ -123,7 +128,7 @@ void JsonWriter::Value(MetaObject* value, int level) {
 void JsonWriter::Struct(MetaObject& value, int level) {
     auto const* structure = dynamic_cast<MetaStruct const*>(&value);
     if (structure == nullptr) {
-        out << "Error reading a struct from output.\n";
+        out << KindMismatch::kStruct << '\n';
         return;
     }
     out.put('\n');
@@ -143,7 +148,7 @@ void JsonWriter::Struct(MetaObject& value, int level) {
 void JsonWriter::List(MetaObject& value, int level) {
     auto* list = dynamic_cast<MetaList*>(&value);
     if (list == nullptr) {
-        out << "Error reading a List\n";
+        out << KindMismatch::kList << '\n';
         return;
     }
     out.put('\n');

@@ -1,4 +1,5 @@
 #include "tindra/autocli/formatters/PythonFormatter.h"
+#include "autocli/formatters/KindMismatch.h"
 
 #include "tindra/TindraException.h"
 
@@ -70,18 +71,18 @@ void PythonWriter::Scalar(MetaObject& value) {
     } else if (auto const* text = dynamic_cast<MetaString const*>(&value)) {
         WritePythonString(out, text->GetValue());
     } else if (value.GetType() == MetaType::Bool) {
-        out << "Error reading a bool\n";
+        out << KindMismatch::kBool << '\n';
     } else if (value.GetType() == MetaType::Int) {
-        out << "Error reading a int\n";
+        out << KindMismatch::kInt << '\n';
     } else {
-        out << "Error reading a string\n";
+        out << KindMismatch::kString << '\n';
     }
 }
 
 void PythonWriter::Struct(MetaObject& value, int level) {
     auto const* structure = dynamic_cast<MetaStruct const*>(&value);
     if (structure == nullptr) {
-        out << "Error reading a struct from output.\n";
+        out << KindMismatch::kStruct << '\n';
         return;
     }
     out.put('{');
@@ -96,7 +97,7 @@ void PythonWriter::Struct(MetaObject& value, int level) {
 void PythonWriter::List(MetaObject& value, int level) {
     auto* list = dynamic_cast<MetaList*>(&value);
     if (list == nullptr) {
-        out << "Error reading a List\n";
+        out << KindMismatch::kList << '\n';
         return;
     }
     out.put('[');

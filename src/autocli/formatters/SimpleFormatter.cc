@@ -4,6 +4,7 @@
 #include <boost/algorithm/string/replace.hpp>
 #include <boost/regex.hpp>
 
+#include "autocli/formatters/KindMismatch.h"
 #include "autocli/formatters/Spaces.h"
 #include "tindra/autocli/formatters/FieldHelpers.h"
 
@@ -126,17 +127,17 @@ void SimpleFormatter::Format(std::shared_ptr<MetaObject> value, FormatParameters
     switch (value->GetType()) {
         case MetaType::Bool: {
             auto const* flag = dynamic_cast<MetaBool const*>(value.get());
-            WriteLine(out, flag ? (flag->GetValue() ? "true" : "false") : "Error reading a bool");
+            WriteLine(out, flag ? (flag->GetValue() ? "true" : "false") : KindMismatch::kBool);
             break;
         }
         case MetaType::Int: {
             auto const* number = dynamic_cast<MetaInt const*>(value.get());
-            WriteLine(out, number ? number->ToString() : "Error reading a int");
+            WriteLine(out, number ? number->ToString() : KindMismatch::kInt);
             break;
         }
         case MetaType::String: {
             auto const* text = dynamic_cast<MetaString const*>(value.get());
-            WriteLine(out, text ? text->GetValue() : "Error reading a string");
+            WriteLine(out, text ? text->GetValue() : KindMismatch::kString);
             break;
         }
         case MetaType::Struct:
@@ -151,7 +152,7 @@ void SimpleFormatter::Format(std::shared_ptr<MetaObject> value, FormatParameters
 void SimpleFormatter::FormatStruct(std::shared_ptr<MetaStruct> value, FormatParameters& params,
                                    std::ostream& out, int level) {
     if (!value) {
-        WriteLine(out, "Error reading a struct from output.");
+        WriteLine(out, KindMismatch::kStruct);
         return;
     }
     std::vector<std::string> const names = ChosenFields(*value, params);
@@ -185,7 +186,7 @@ void SimpleFormatter::FormatStruct(std::shared_ptr<MetaStruct> value, FormatPara
 void SimpleFormatter::FormatList(std::shared_ptr<MetaList> value, FormatParameters& params,
                                  std::ostream& out, int level) {
     if (!value) {
-        WriteLine(out, "Error reading a List");
+        WriteLine(out, KindMismatch::kList);
         return;
     }
     MetaType const itemType = value->GetListType();

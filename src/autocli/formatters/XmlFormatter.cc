@@ -1,5 +1,6 @@
 #include "tindra/autocli/formatters/XmlFormatter.h"
 
+#include "autocli/formatters/KindMismatch.h"
 #include "autocli/formatters/Spaces.h"
 #include "autocli/formatters/XmlEscape.h"
 
@@ -74,7 +75,7 @@ void XmlWriter::Value(MetaObject* value, int level) {
 void XmlWriter::Bool(MetaObject& value, int level) {
     auto const* flag = dynamic_cast<MetaBool const*>(&value);
     if (flag == nullptr) {
-        out << "<!-- Error reading a bool -->\n";
+        out << "<!-- " << KindMismatch::kBool << " -->\n";
         return;
     }
     WriteIndent(out, level);
@@ -84,7 +85,7 @@ void XmlWriter::Bool(MetaObject& value, int level) {
 void XmlWriter::Int(MetaObject& value, int level) {
     auto const* number = dynamic_cast<MetaInt const*>(&value);
     if (number == nullptr) {
-        out << "Error reading a int\n";
+        out << KindMismatch::kInt << '\n';
         return;
     }
     WriteIndent(out, level);
@@ -94,7 +95,7 @@ void XmlWriter::Int(MetaObject& value, int level) {
 void XmlWriter::String(MetaObject& value, int level) {
     auto const* text = dynamic_cast<MetaString const*>(&value);
     if (text == nullptr) {
-        out << "Error reading a string\n";
+        out << KindMismatch::kString << '\n';
         return;
     }
     WriteIndent(out, level);
@@ -106,7 +107,7 @@ void XmlWriter::String(MetaObject& value, int level) {
 void XmlWriter::Struct(MetaObject& value, int level) {
     auto const* structure = dynamic_cast<MetaStruct const*>(&value);
     if (structure == nullptr) {
-        out << "Error reading a struct from output.\n";
+        out << KindMismatch::kStruct << '\n';
         return;
     }
     WriteIndent(out, level);
@@ -129,7 +130,7 @@ void XmlWriter::Struct(MetaObject& value, int level) {
 void XmlWriter::List(MetaObject& value, int level) {
     auto* list = dynamic_cast<MetaList*>(&value);
     if (list == nullptr) {
-        out << "Error reading a List\n";
+        out << KindMismatch::kList << '\n';
         return;
     }
     WriteIndent(out, level);
