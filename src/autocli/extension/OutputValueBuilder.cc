@@ -154,6 +154,7 @@ void OutputValueBuilder::StartValue(char const* name, AttributeSource const& att
     } else if (tag == ValueTag::Structure) {
         Frame frame(Role::Structure);
         frame.structure = MetaObj::MetaStruct::New(attributes.Get("typeName"));
+        ReserveLikeSiblings(*frame.structure);
         frames.push_back(std::move(frame));
     } else {
         frames.emplace_back(Role::Scalar);
@@ -161,6 +162,16 @@ void OutputValueBuilder::StartValue(char const* name, AttributeSource const& att
     }
     if (!isElement) {
         CloseTop();  // nodes other than elements have no children
+    }
+}
+
+// Items of a list of structures have the fields of its first item.
+void OutputValueBuilder::ReserveLikeSiblings(MetaObj::MetaStruct& structure) const {
+    Frame const& parent = frames.back();
+    if (parent.role == Role::List && parent.list) {
+        if (auto const& prototype = parent.list->GetListStructure()) {
+            structure.ReserveFields(prototype->GetFieldCount());
+        }
     }
 }
 
