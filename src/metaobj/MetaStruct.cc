@@ -26,6 +26,8 @@ std::string const& MissingDocumentation() {
     return text;
 }
 
+size_t const kLinearSearchLimit = 8;
+
 std::string const& CheckedTypeName(std::string const& typeName) {
     if (!IsValidStructName(typeName)) {
         throw TindraException("Invalid name specified for MetaStruct: " + typeName);
@@ -71,6 +73,11 @@ std::shared_ptr<MetaStruct> MetaStruct::New(std::shared_ptr<MetaStruct> const& d
 }
 
 MetaStruct::FieldEntries::const_iterator MetaStruct::FindField(std::string const& name) const {
+    // Most structures have a handful of fields: comparing for equality beats ordering them.
+    if (fields.size() <= kLinearSearchLimit) {
+        return std::find_if(fields.begin(), fields.end(),
+                            [&name](FieldEntry const& entry) { return entry.first == name; });
+    }
     auto const found = std::lower_bound(
         fields.begin(), fields.end(), name,
         [](FieldEntry const& entry, std::string const& key) { return entry.first < key; });

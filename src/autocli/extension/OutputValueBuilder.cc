@@ -10,7 +10,6 @@ namespace AutoCli {
 namespace {
 
 // The tree's names for nodes that are not elements.
-char const* const kTextName = "text";
 char const* const kCommentName = "comment";
 char const* const kCdataName = "";
 
@@ -98,9 +97,12 @@ void OutputValueBuilder::AddContent(LastChild kind, char const* text, size_t len
     if (continues) {
         return;
     }
-    char const* name = kind == LastChild::Text    ? kTextName
-                       : kind == LastChild::Cdata ? kCdataName
-                                                  : kCommentName;
+    if (kind == LastChild::Text) {
+        // A text node is passed over by every frame but a scalar's; this is the commonest node.
+        top.lastChild = kind;
+        return;
+    }
+    char const* name = kind == LastChild::Cdata ? kCdataName : kCommentName;
     OpenChild(name, NoAttributes(), false);
     if (!frames.empty()) {
         frames.back().lastChild = kind;
