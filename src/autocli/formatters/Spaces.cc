@@ -5,10 +5,6 @@
 namespace Tindra {
 namespace AutoCli {
 
-size_t IndentWidth(int level) {
-    return level < 1 ? 0 : 3 * static_cast<size_t>(level);
-}
-
 void WriteIndent(std::ostream& out, int level) {
     WriteSpaces(out, IndentWidth(level));
 }
