@@ -47,6 +47,14 @@ public:
     MetaType GetFieldType(std::string const& name) const;
     std::string const& GetFieldDocumentation(std::string const& name) const;
     std::vector<std::string> GetFieldNames() const;
+    // Calls visit(name, value) for every field in name order, copying neither: printing a
+    // large output walks millions of fields.
+    template <typename Visitor>
+    void ForEachField(Visitor&& visit) const {
+        for (auto const& entry : fields) {
+            visit(entry.first, *entry.second.value);
+        }
+    }
     size_t GetFieldCount() const { return fields.size(); }
     // Room for this many fields: a hint for builders that know the count beforehand.
     void ReserveFields(size_t count) { fields.reserve(count); }
