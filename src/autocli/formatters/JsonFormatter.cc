@@ -2,8 +2,11 @@
 
 #include <string_view>
 
+#include "autocli/formatters/EscapeRuns.h"
 #include "autocli/formatters/KindMismatch.h"
+#include "autocli/formatters/OutputBuffer.h"
 #include "autocli/formatters/Spaces.h"
+#include "autocli/formatters/ValueCast.h"
 
 namespace Tindra {
 namespace AutoCli {
@@ -15,12 +18,13 @@ using MetaObj::MetaObject;
 using MetaObj::MetaString;
 using MetaObj::MetaStruct;
 using MetaObj::MetaType;
+using namespace std::string_view_literals;
 
 namespace {
 
 // The escape of one byte, or nullptr for a byte written as it is. Bytes outside printable
 // ASCII become one \u escape each, so multi-byte characters give one escape per byte.
-char const* JsonEscape(unsigned char byte, char (&scratch)[7]) {
+constexpr char const* JsonEscape(unsigned char byte, char (&scratch)[7]) {
     switch (byte) {
         case '\b':
             return "\\b";
@@ -44,76 +48,78 @@ char const* JsonEscape(unsigned char byte, char (&scratch)[7]) {
     if (byte >= 32 && byte < 127) {
         return nullptr;
     }
-    static char const hex[] = "0123456789abcdef";
     scratch[0] = '\\';
     scratch[1] = 'u';
     scratch[2] = '0';
     scratch[3] = '0';
-    scratch[4] = hex[byte >> 4];
-    scratch[5] = hex[byte & 0xF];
+    scratch[4] = "0123456789abcdef"[byte >> 4];
+    scratch[5] = "0123456789abcdef"[byte & 0xF];
     scratch[6] = '\0';
     return scratch;
 }
 
-void WriteJsonString(std::ostream& out, std::string_view text) {
+void WriteJsonString(OutputBuffer& out, std::string_view text) {
+    static constexpr PlainBytes plain = MakePlainBytes([](unsigned char byte) {
+        char scratch[7] = {};
+        return JsonEscape(byte, scratch) == nullptr;
+    });
     char scratch[7];
-    size_t plainStart = 0;
-    out.put('"');
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (char const* escape = JsonEscape(static_cast<unsigned char>(text[i]), scratch)) {
-            out.write(text.data() + plainStart, static_cast<std::streamsize>(i - plainStart));
-            out << escape;
-            plainStart = i + 1;
-        }
-    }
-    out.write(text.data() + plainStart, static_cast<std::streamsize>(text.size() - plainStart));
-    out.put('"');
+    out.Append('"');
+    ForEachEscapeRun(
+        text, plain, [&out](std::string_view run) { out.Append(run); },
+        [&out, &scratch](unsigned char byte) {
+            out.Append(std::string_view(JsonEscape(byte, scratch)));
+        });
+    out.Append('"');
 }
 
 // Writes values by reference, so that a list of a million items costs no reference counting.
 class JsonWriter {
 public:
-    explicit JsonWriter(std::ostream& out) : out(out) {}
+    explicit JsonWriter(std::ostream& stream) : out(stream) {}
 
     void Value(MetaObject* value, int level);
+    void EndLine() { out.Append('\n'); }
+    void Finish() { out.Flush(); }
 
 private:
     void Struct(MetaObject& value, int level);
     void List(MetaObject& value, int level);
+    void Mismatch(char const* words);
 
-    std::ostream& out;
+    OutputBuffer out;
 };
 
 void JsonWriter::Value(MetaObject* value, int level) {
     if (value == nullptr) {
-        out << "null";
+        out.Append("null");
         return;
     }
     switch (value->GetType()) {
         case MetaType::Bool: {
-            auto const* flag = dynamic_cast<MetaBool const*>(value);
+            auto const* flag = ValueCast<MetaBool const>(value);
             if (flag) {
-                out << (flag->GetValue() ? "true" : "false");
+                out.Append(flag->GetValue() ? "true"sv : "false"sv);
             } else {
-                out << KindMismatch::kBool << '\n';
+                Mismatch(KindMismatch::kBool);
             }
             return;
         }
         case MetaType::Int: {
-            auto const* number = dynamic_cast<MetaInt const*>(value);
+            auto const* number = ValueCast<MetaInt const>(value);
             if (number) {
-                out << number->GetValue();
+                out.AppendInteger(number->GetValue());
             } else {
-                out << KindMismatch::kInt << '\n';
+                Mismatch(KindMismatch::kInt);
             }
             return;
         }
         case MetaType::String: {
-            auto const* text = dynamic_cast<MetaString const*>(value);
+            auto const* text = ValueCast<MetaString const>(value);
             if (text) {
                 WriteJsonString(out, text->GetValue());
             } else {
-                out << KindMismatch::kString << '\n';
+                Mismatch(KindMismatch::kString);
             }
             return;
         }
@@ -122,46 +128,53 @@ void JsonWriter::Value(MetaObject* value, int level) {
         case MetaType::List:
             return List(*value, level);
     }
-    out << "Unknown data type\n";
+    out.Append("Unknown data type\n");
+}
+
+void JsonWriter::Mismatch(char const* words) {
+    out.Append(words);
+    out.Append('\n');
 }
 
 void JsonWriter::Struct(MetaObject& value, int level) {
-    auto const* structure = dynamic_cast<MetaStruct const*>(&value);
+    auto const* structure = ValueCast<MetaStruct const>(&value);
     if (structure == nullptr) {
-        out << KindMismatch::kStruct << '\n';
+        Mismatch(KindMismatch::kStruct);
         return;
     }
-    out.put('\n');
+    out.Append('\n');
     WriteIndent(out, level);
-    out << "{\n";
-    std::vector<std::string> const names = structure->GetFieldNames();
-    for (size_t i = 0; i < names.size(); ++i) {
+    out.Append("{\n");
+    size_t remaining = structure->GetFieldCount();
+    structure->ForEachField([&](std::string const& name, MetaObject& field) {
         WriteIndent(out, level);
-        out << "   \"" << names[i] << "\": ";
-        Value(structure->GetField(names[i]).get(), level + 2);
-        out << (i + 1 < names.size() ? ",\n" : "\n");
-    }
+        out.Append("   \"");
+        out.Append(name);
+        out.Append("\": ");
+        Value(&field, level + 2);
+        out.Append(--remaining > 0 ? ",\n"sv : "\n"sv);
+    });
     WriteIndent(out, level);
-    out.put('}');
+    out.Append('}');
 }
 
 void JsonWriter::List(MetaObject& value, int level) {
-    auto* list = dynamic_cast<MetaList*>(&value);
+    auto* list = ValueCast<MetaList>(&value);
     if (list == nullptr) {
-        out << KindMismatch::kList << '\n';
+        Mismatch(KindMismatch::kList);
         return;
     }
-    out.put('\n');
+    out.Append('\n');
     WriteIndent(out, level);
-    out << "[\n";
+    out.Append("[\n");
     auto const& items = list->GetObjects();
     for (size_t i = 0; i < items.size(); ++i) {
         WriteIndent(out, level);
         Value(items[i].get(), level + 3);
-        out << (i + 1 < items.size() ? ", \n" : "\n");
+        out.Append(i + 1 < items.size() ? ", \n"sv : "\n"sv);
     }
     WriteIndent(out, level);
-    out.put(']');
+    out.Append(']');
 }
 
 }  // namespace
@@ -172,13 +185,17 @@ JsonFormatter::JsonFormatter() : Formatter("json") {
 
 bool JsonFormatter::Format(std::shared_ptr<CallSpec::Output> output, FormatParameters&,
                            DisplayContext&, std::ostream& out) {
-    JsonWriter(out).Value(output ? output->GetRootObject().get() : nullptr, -1);
-    out.put('\n');
+    JsonWriter writer(out);
+    writer.Value(output ? output->GetRootObject().get() : nullptr, -1);
+    writer.EndLine();
+    writer.Finish();
     return true;
 }
 
 void JsonFormatter::Format(std::shared_ptr<MetaObject> value, std::ostream& out, int level) {
-    JsonWriter(out).Value(value.get(), level);
+    JsonWriter writer(out);
+    writer.Value(value.get(), level);
+    writer.Finish();
 }
 
 }  // namespace AutoCli

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "autocli/formatters/EscapeRuns.h"
+
 #include "tindra/autocli/formatters/XmlFormatter.h"
 
 namespace Tindra {
@@ -11,7 +13,7 @@ namespace {
 
 // One pass with this table gives the same text as replacing '&' first and the others after it,
 // because no replacement introduces a character that a later one would touch.
-char const* XmlEntity(char c) {
+constexpr char const* XmlEntity(unsigned char c) {
     switch (c) {
         case '&':
             return "&amp;";
@@ -32,23 +34,16 @@ char const* XmlEntity(char c) {
 
 template <typename Sink>
 void Escape(std::string_view text, Sink&& append) {
-    size_t plainStart = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (char const* entity = XmlEntity(text[i])) {
-            append(text.substr(plainStart, i - plainStart));
-            append(std::string_view(entity));
-            plainStart = i + 1;
-        }
-    }
-    append(text.substr(plainStart));
+    static constexpr PlainBytes plain =
+        MakePlainBytes([](unsigned char c) { return XmlEntity(c) == nullptr; });
+    ForEachEscapeRun(text, plain, append,
+                     [&append](unsigned char c) { append(std::string_view(XmlEntity(c))); });
 }
 
 }  // namespace
 
-void WriteXmlEscaped(std::ostream& out, std::string_view text) {
-    Escape(text, [&out](std::string_view piece) {
-        out.write(piece.data(), static_cast<std::streamsize>(piece.size()));
-    });
+void WriteXmlEscaped(OutputBuffer& out, std::string_view text) {
+    Escape(text, [&out](std::string_view piece) { out.Append(piece); });
 }
 
 std::string SantizeString(std::string text) {

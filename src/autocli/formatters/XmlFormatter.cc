@@ -1,7 +1,11 @@
 #include "tindra/autocli/formatters/XmlFormatter.h"
 
+#include <string_view>
+
 #include "autocli/formatters/KindMismatch.h"
+#include "autocli/formatters/OutputBuffer.h"
 #include "autocli/formatters/Spaces.h"
+#include "autocli/formatters/ValueCast.h"
 #include "autocli/formatters/XmlEscape.h"
 
 namespace Tindra {
@@ -14,6 +18,7 @@ using MetaObj::MetaObject;
 using MetaObj::MetaString;
 using MetaObj::MetaStruct;
 using MetaObj::MetaType;
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -39,19 +44,57 @@ char const* ListTypeWord(MetaType type) {
 // Writes values by reference, so that a list of a million items costs no reference counting.
 class XmlWriter {
 public:
-    explicit XmlWriter(std::ostream& out) : out(out) {}
+    explicit XmlWriter(std::ostream& stream) : out(stream) {}
 
+    void Document(MetaObject* root, FormatParameters const& params);
     void Value(MetaObject* value, int level);
+    void Finish() { out.Flush(); }
 
 private:
+    void MetaData(FormatParameters const& params);
     void Bool(MetaObject& value, int level);
     void Int(MetaObject& value, int level);
     void String(MetaObject& value, int level);
     void Struct(MetaObject& value, int level);
     void List(MetaObject& value, int level);
+    void Line(std::string_view text);
 
-    std::ostream& out;
+    OutputBuffer out;
 };
+
+void XmlWriter::Document(MetaObject* root, FormatParameters const& params) {
+    Line("<?xml version=\"1.0\"?>");
+    if (params.HasParameter("stylesheet")) {
+        out.Append("<?xml-stylesheet type=\"text/xsl\" href=\"");
+        out.Append(params.GetParameter("stylesheet"));
+        Line("\"?>");
+    }
+    out.Append("<output xmlns:ostrel=\"");
+    out.Append(kOutputNamespace);
+    Line("\">");
+    MetaData(params);
+    Line("   <root>");
+    Value(root, 2);
+    Line("   </root>");
+    Line("</output>");
+}
+
+void XmlWriter::MetaData(FormatParameters const& params) {
+    Line("   <meta-data>");
+    for (auto const& [key, value] : params.GetParameters()) {
+        out.Append("      <meta-data-field name=\"");
+        WriteXmlEscaped(out, key);
+        out.Append("\" value=\"");
+        WriteXmlEscaped(out, value);
+        Line("\"/>");
+    }
+    Line("   </meta-data>");
+}
+
+void XmlWriter::Line(std::string_view text) {
+    out.Append(text);
+    out.Append('\n');
+}
 
 void XmlWriter::Value(MetaObject* value, int level) {
     if (value == nullptr) {
@@ -69,89 +112,85 @@ void XmlWriter::Value(MetaObject* value, int level) {
         case MetaType::List:
             return List(*value, level);
     }
-    out << "Error Only simple int, bool, string and struct output supported\n";
+    Line("Error Only simple int, bool, string and struct output supported");
 }
 
 void XmlWriter::Bool(MetaObject& value, int level) {
-    auto const* flag = dynamic_cast<MetaBool const*>(&value);
+    auto const* flag = ValueCast<MetaBool const>(&value);
     if (flag == nullptr) {
-        out << "<!-- " << KindMismatch::kBool << " -->\n";
+        out.Append("<!-- ");
+        out.Append(KindMismatch::kBool);
+        Line(" -->");
         return;
     }
     WriteIndent(out, level);
-    out << "<boolean>" << (flag->GetValue() ? "true" : "false") << "</boolean>\n";
+    out.Append("<boolean>");
+    out.Append(flag->GetValue() ? "true"sv : "false"sv);
+    Line("</boolean>");
 }
 
 void XmlWriter::Int(MetaObject& value, int level) {
-    auto const* number = dynamic_cast<MetaInt const*>(&value);
+    auto const* number = ValueCast<MetaInt const>(&value);
     if (number == nullptr) {
-        out << KindMismatch::kInt << '\n';
+        Line(KindMismatch::kInt);
         return;
     }
     WriteIndent(out, level);
-    out << "<integer>" << number->GetValue() << "</integer>\n";
+    out.Append("<integer>");
+    out.AppendInteger(number->GetValue());
+    Line("</integer>");
 }
 
 void XmlWriter::String(MetaObject& value, int level) {
-    auto const* text = dynamic_cast<MetaString const*>(&value);
+    auto const* text = ValueCast<MetaString const>(&value);
     if (text == nullptr) {
-        out << KindMismatch::kString << '\n';
+        Line(KindMismatch::kString);
         return;
     }
     WriteIndent(out, level);
-    out << "<string>";
+    out.Append("<string>");
     WriteXmlEscaped(out, text->GetValue());
-    out << "</string>\n";
+    Line("</string>");
 }
 
 void XmlWriter::Struct(MetaObject& value, int level) {
-    auto const* structure = dynamic_cast<MetaStruct const*>(&value);
+    auto const* structure = ValueCast<MetaStruct const>(&value);
     if (structure == nullptr) {
-        out << KindMismatch::kStruct << '\n';
+        Line(KindMismatch::kStruct);
         return;
     }
     WriteIndent(out, level);
-    out << "<structure typeName=\"";
+    out.Append("<structure typeName=\"");
     WriteXmlEscaped(out, structure->GetTypeName());
-    out << "\">\n";
-    for (auto const& name : structure->GetFieldNames()) {
+    Line("\">");
+    structure->ForEachField([&](std::string const& name, MetaObject& field) {
         WriteIndent(out, level);
-        out << "   <field name=\"";
+        out.Append("   <field name=\"");
         WriteXmlEscaped(out, name);
-        out << "\">\n";
-        Value(structure->GetField(name).get(), level + 2);
+        Line("\">");
+        Value(&field, level + 2);
         WriteIndent(out, level);
-        out << "   </field>\n";
-    }
+        Line("   </field>");
+    });
     WriteIndent(out, level);
-    out << "</structure>\n";
+    Line("</structure>");
 }
 
 void XmlWriter::List(MetaObject& value, int level) {
-    auto* list = dynamic_cast<MetaList*>(&value);
+    auto* list = ValueCast<MetaList>(&value);
     if (list == nullptr) {
-        out << KindMismatch::kList << '\n';
+        Line(KindMismatch::kList);
         return;
     }
     WriteIndent(out, level);
-    out << "<list type=\"" << ListTypeWord(list->GetListType()) << "\">\n";
+    out.Append("<list type=\"");
+    out.Append(ListTypeWord(list->GetListType()));
+    Line("\">");
     for (auto const& item : list->GetObjects()) {
         Value(item.get(), level + 2);
     }
     WriteIndent(out, level);
-    out << "</list>\n";
-}
-
-void WriteMetaData(std::ostream& out, FormatParameters const& params) {
-    out << "   <meta-data>\n";
-    for (auto const& [key, value] : params.GetParameters()) {
-        out << "      <meta-data-field name=\"";
-        WriteXmlEscaped(out, key);
-        out << "\" value=\"";
-        WriteXmlEscaped(out, value);
-        out << "\"/>\n";
-    }
-    out << "   </meta-data>\n";
+    Line("</list>");
 }
 
 }  // namespace
@@ -163,22 +202,16 @@ XmlFormatter::XmlFormatter() : Formatter("xml") {
 
 bool XmlFormatter::Format(std::shared_ptr<CallSpec::Output> output, FormatParameters& params,
                           DisplayContext&, std::ostream& out) {
-    out << "<?xml version=\"1.0\"?>\n";
-    if (params.HasParameter("stylesheet")) {
-        out << "<?xml-stylesheet type=\"text/xsl\" href=\"" << params.GetParameter("stylesheet")
-            << "\"?>\n";
-    }
-    out << "<output xmlns:ostrel=\"" << kOutputNamespace << "\">\n";
-    WriteMetaData(out, params);
-    out << "   <root>\n";
-    XmlWriter(out).Value(output ? output->GetRootObject().get() : nullptr, 2);
-    out << "   </root>\n";
-    out << "</output>\n";
+    XmlWriter writer(out);
+    writer.Document(output ? output->GetRootObject().get() : nullptr, params);
+    writer.Finish();
     return true;
 }
 
 void XmlFormatter::Format(std::shared_ptr<MetaObject> value, std::ostream& out, int level) {
-    XmlWriter(out).Value(value.get(), level);
+    XmlWriter writer(out);
+    writer.Value(value.get(), level);
+    writer.Finish();
 }
 
 }  // namespace AutoCli
