@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "autocli/formatters/PrintfFormat.h"
 #include "tindra/autocli/formatters/FormatParameters.h"
@@ -19,6 +20,9 @@ public:
                 FormatParameters const& params);
 
     std::string Apply(MetaObj::MetaObject const* value) const;
+    // The same text as Apply, without a copy where the value's own text serves: it points into
+    // the value or into `scratch`, and holds until either changes.
+    std::string_view Text(MetaObj::MetaObject const& value, std::string& scratch) const;
     std::string const& GetTypeName() const { return typeName; }
 
 private:

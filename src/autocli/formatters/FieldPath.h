@@ -16,6 +16,9 @@ public:
     explicit FieldPath(std::string const& path);
 
     std::shared_ptr<MetaObj::MetaObject> Resolve(MetaObj::MetaStruct const& structure) const;
+    // A plain name resolves to the field of exactly that name.
+    bool IsPlainName() const { return components.empty(); }
+    std::string const& GetPath() const { return path; }
 
 private:
     std::string path;

@@ -4,12 +4,14 @@
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/trim.hpp>
 #include <optional>
+#include <string_view>
 
+#include "autocli/formatters/ColumnValues.h"
 #include "autocli/formatters/FieldFormat.h"
-#include "autocli/formatters/FieldPath.h"
-#include "autocli/formatters/Spaces.h"
+#include "autocli/formatters/FitString.h"
+#include "autocli/formatters/OutputBuffer.h"
+#include "autocli/formatters/ValueCast.h"
 #include "tindra/TindraException.h"
-#include "tindra/autocli/formatters/FieldHelpers.h"
 
 namespace Tindra {
 namespace AutoCli {
@@ -22,21 +24,11 @@ using MetaObj::MetaType;
 namespace {
 
 struct Column {
-    explicit Column(std::string columnName)
-        : name(std::move(columnName)), path(name), width(name.size() + 2) {}
-
-    // The printf and units of this column for the structure type at hand, looked up again only
-    // when the type name changes.
-    FieldFormat const& FormatFor(std::string const& typeName, FormatParameters const& params) {
-        if (!format || format->GetTypeName() != typeName) {
-            format.emplace(typeName, name, params);
-        }
-        return *format;
-    }
+    explicit Column(std::string columnName) : name(std::move(columnName)), width(name.size() + 2) {}
 
     std::string name;
-    FieldPath path;
     size_t width;
+    // The printf and units of this column for the structure type of the rows at hand.
     std::optional<FieldFormat> format;
 };
 
@@ -63,61 +55,78 @@ bool ShowHeader(FormatParameters const& params) {
     return (shown.empty() ? params.GetParameter("table-header") : shown) != "false";
 }
 
-void Write(std::ostream& out, std::string const& text) {
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-}
-
 // One table: widths are measured over all rows first, so nothing is printed when a row is bad.
+// Everything goes through one buffer, so that a million rows cost a few hundred stream writes.
 class Table {
 public:
     Table(std::vector<std::string> const& names, FormatParameters const& params,
-          DisplayContext const& display)
-        : params(params), screenWidth(display.width) {
+          DisplayContext const& display, std::ostream& stream)
+        : params(params), screenWidth(display.width), values(names), out(stream) {
         for (auto const& name : names) {
             columns.emplace_back(name);
         }
         wrapLast = params.GetParameter("wrap-last") == "true" && screenWidth != 0;
     }
 
-    bool Measure(MetaList& list, std::ostream& out);
-    void WriteHeader(std::ostream& out) const;
-    void WriteUnderline(std::ostream& out) const;
+    bool Measure(MetaList& list);
+    void WriteHeader();
+    void WriteUnderline();
     void DecideWrapping();
-    bool WriteRows(MetaList& list, std::ostream& out);
+    bool WriteRows(MetaList& list);
     bool HasColumns() const { return !columns.empty(); }
+    void Finish() { out.Flush(); }
 
 private:
-    bool WriteRow(MetaStruct const& row, std::ostream& out);
-    void WriteCell(Column& column, bool last, MetaStruct const& row, MetaObject const& value,
-                   std::ostream& out);
+    void UseFormatsOf(MetaStruct const& row);
+    bool WriteRow(MetaStruct const& row);
+    void WriteCell(Column const& column, bool last, MetaObject const& value);
     size_t WidthBeforeLast() const;
 
     FormatParameters const& params;
     int screenWidth;
     std::vector<Column> columns;
+    ColumnValues values;
+    // The structure type whose formats the columns hold; rows of a list rarely change it.
+    std::optional<std::string> formatsType;
+    std::string scratch;
     bool wrapLast = false;
     size_t others = 0;
+    OutputBuffer out;
 };
 
-bool Table::Measure(MetaList& list, std::ostream& out) {
+bool Table::Measure(MetaList& list) {
     for (auto const& item : list.GetObjects()) {
-        auto const* row = dynamic_cast<MetaStruct const*>(item.get());
+        auto const* row = ValueCast<MetaStruct const>(item.get());
         if (row == nullptr) {
-            out << "Error: Unexpected type, unable to get struct from list\n";
+            out.Append("Error: Unexpected type, unable to get struct from list\n");
             return false;
         }
-        for (auto& column : columns) {
-            auto const value = column.path.Resolve(*row);
-            if (!value) {
-                out << "Error: Unknown field in field list: " << column.name << '\n';
+        values.Find(*row);
+        UseFormatsOf(*row);
+        for (size_t i = 0; i < columns.size(); ++i) {
+            Column& column = columns[i];
+            if (values[i] == nullptr) {
+                out.Append("Error: Unknown field in field list: ");
+                out.Append(column.name);
+                out.Append('\n');
                 return false;
             }
-            size_t const length =
-                column.FormatFor(row->GetTypeName(), params).Apply(value.get()).size();
+            size_t const length = column.format->Text(*values[i], scratch).size();
             column.width = std::max(column.width, length + 2);
         }
     }
     return true;
+}
+
+void Table::UseFormatsOf(MetaStruct const& row) {
+    std::string const& typeName = row.GetTypeName();
+    if (formatsType && *formatsType == typeName) {
+        return;
+    }
+    for (auto& column : columns) {
+        column.format.emplace(typeName, column.name, params);
+    }
+    formatsType = typeName;
 }
 
 size_t Table::WidthBeforeLast() const {
@@ -128,17 +137,17 @@ size_t Table::WidthBeforeLast() const {
     return sum;
 }
 
-void Table::WriteHeader(std::ostream& out) const {
+void Table::WriteHeader() {
     for (size_t i = 0; i + 1 < columns.size(); ++i) {
-        Write(out, columns[i].name);
-        WriteSpaces(out, columns[i].width - columns[i].name.size());
+        out.Append(columns[i].name);
+        out.AppendSpaces(columns[i].width - columns[i].name.size());
     }
-    Write(out, columns.back().name);
-    out << '\n';
+    out.Append(columns.back().name);
+    out.Append('\n');
 }
 
 // Dashes under every header, two blanks before each column edge but the last.
-void Table::WriteUnderline(std::ostream& out) const {
+void Table::WriteUnderline() {
     std::string line(WidthBeforeLast() + columns.back().name.size(), '-');
     size_t edge = 0;
     for (size_t i = 0; i + 1 < columns.size(); ++i) {
@@ -146,8 +155,8 @@ void Table::WriteUnderline(std::ostream& out) const {
         line[edge - 2] = ' ';
         line[edge - 1] = ' ';
     }
-    Write(out, line);
-    out << '\n';
+    out.Append(line);
+    out.Append('\n');
 }
 
 void Table::DecideWrapping() {
@@ -166,47 +175,48 @@ void Table::DecideWrapping() {
     }
 }
 
-bool Table::WriteRows(MetaList& list, std::ostream& out) {
+bool Table::WriteRows(MetaList& list) {
     for (auto const& item : list.GetObjects()) {
-        auto const* row = dynamic_cast<MetaStruct const*>(item.get());
-        if (row != nullptr && !WriteRow(*row, out)) {
+        auto const* row = ValueCast<MetaStruct const>(item.get());
+        if (row != nullptr && !WriteRow(*row)) {
             return false;
         }
     }
     return true;
 }
 
-bool Table::WriteRow(MetaStruct const& row, std::ostream& out) {
+bool Table::WriteRow(MetaStruct const& row) {
+    values.Find(row);
+    UseFormatsOf(row);
     for (size_t i = 0; i < columns.size(); ++i) {
-        auto const value = columns[i].path.Resolve(row);
-        if (!value) {
-            out << "Unknown column " << columns[i].name;
+        if (values[i] == nullptr) {
+            out.Append("Unknown column ");
+            out.Append(columns[i].name);
             return false;
         }
-        WriteCell(columns[i], i + 1 == columns.size(), row, *value, out);
+        WriteCell(columns[i], i + 1 == columns.size(), *values[i]);
     }
-    out << '\n';
+    out.Append('\n');
     return true;
 }
 
-void Table::WriteCell(Column& column, bool last, MetaStruct const& row, MetaObject const& value,
-                      std::ostream& out) {
+void Table::WriteCell(Column const& column, bool last, MetaObject const& value) {
     if (wrapLast && last && others != 0) {
-        AutoCli_FitString(static_cast<int>(others), screenWidth, value.ToString(), true, out, false,
-                          0, true);
+        FitString(static_cast<int>(others), screenWidth, value.ToString(), true, out, false, 0,
+                  true);
         return;
     }
-    std::string const text = column.FormatFor(row.GetTypeName(), params).Apply(&value);
+    std::string_view const text = column.format->Text(value, scratch);
     size_t const padding = column.width > text.size() ? column.width - text.size() : 0;
     if (value.GetType() == MetaType::Int) {
-        WriteSpaces(out, padding > 2 ? padding - 2 : 0);
-        Write(out, text);
-        out << "  ";
+        out.AppendSpaces(padding > 2 ? padding - 2 : 0);
+        out.Append(text);
+        out.Append("  ");
         return;
     }
-    Write(out, text);
+    out.Append(text);
     if (!last) {
-        WriteSpaces(out, padding);
+        out.AppendSpaces(padding);
     }
 }
 
@@ -263,21 +273,24 @@ bool TableFormatter::Format(std::shared_ptr<CallSpec::Output> output, FormatPara
         }
         throw TindraException("Error: Unable to get structure type from list output.");
     }
-    Table table(ColumnNames(*definition, params), params, display);
-    if (!table.Measure(*list, out)) {
+    Table table(ColumnNames(*definition, params), params, display, out);
+    if (!table.Measure(*list)) {
+        table.Finish();
         return false;
     }
     out.setf(std::ios_base::left, std::ios_base::adjustfield);
     if (ShowHeader(params) && table.HasColumns()) {
-        table.WriteHeader(out);
+        table.WriteHeader();
         if (params.GetParameter("header-line") != "false") {
-            table.WriteUnderline(out);
+            table.WriteUnderline();
         }
     }
     if (table.HasColumns()) {
         table.DecideWrapping();
     }
-    return table.WriteRows(*list, out);
+    bool const written = table.WriteRows(*list);
+    table.Finish();
+    return written;
 }
 
 }  // namespace AutoCli
