@@ -25,16 +25,21 @@ constexpr PlainBytes MakePlainBytes(IsPlain isPlain) {
 // order. A run may be empty.
 template <typename Run, typename Escape>
 void ForEachEscapeRun(std::string_view text, PlainBytes const& plain, Run&& run, Escape&& escape) {
-    size_t runStart = 0;
-    for (size_t i = 0; i < text.size(); ++i) {
-        unsigned char const byte = static_cast<unsigned char>(text[i]);
-        if (!plain[byte]) {
-            run(text.substr(runStart, i - runStart));
-            escape(byte);
-            runStart = i + 1;
+    char const* const data = text.data();
+    size_t const size = text.size();
+    size_t i = 0;
+    while (true) {
+        size_t const runStart = i;
+        while (i < size && plain[static_cast<unsigned char>(data[i])]) {
+            ++i;
         }
+        run(std::string_view(data + runStart, i - runStart));
+        if (i == size) {
+            return;
+        }
+        escape(static_cast<unsigned char>(data[i]));
+        ++i;
     }
-    run(text.substr(runStart));
 }
 
 }  // namespace AutoCli
