@@ -97,7 +97,7 @@ void JsonWriter::Value(MetaObject* value, int level) {
     }
     switch (value->GetType()) {
         case MetaType::Bool: {
-            auto const* flag = ValueCast<MetaBool const>(value);
+            auto const* flag = ValueCast<MetaBool const>(value, MetaType::Bool);
             if (flag) {
                 out.Append(flag->GetValue() ? "true"sv : "false"sv);
             } else {
@@ -106,7 +106,7 @@ void JsonWriter::Value(MetaObject* value, int level) {
             return;
         }
         case MetaType::Int: {
-            auto const* number = ValueCast<MetaInt const>(value);
+            auto const* number = ValueCast<MetaInt const>(value, MetaType::Int);
             if (number) {
                 out.AppendInteger(number->GetValue());
             } else {
@@ -115,7 +115,7 @@ void JsonWriter::Value(MetaObject* value, int level) {
             return;
         }
         case MetaType::String: {
-            auto const* text = ValueCast<MetaString const>(value);
+            auto const* text = ValueCast<MetaString const>(value, MetaType::String);
             if (text) {
                 WriteJsonString(out, text->GetValue());
             } else {
@@ -137,7 +137,7 @@ void JsonWriter::Mismatch(char const* words) {
 }
 
 void JsonWriter::Struct(MetaObject& value, int level) {
-    auto const* structure = ValueCast<MetaStruct const>(&value);
+    auto const* structure = ValueCast<MetaStruct const>(&value, MetaType::Struct);
     if (structure == nullptr) {
         Mismatch(KindMismatch::kStruct);
         return;
@@ -159,7 +159,7 @@ void JsonWriter::Struct(MetaObject& value, int level) {
 }
 
 void JsonWriter::List(MetaObject& value, int level) {
-    auto* list = ValueCast<MetaList>(&value);
+    auto* list = ValueCast<MetaList>(&value, MetaType::List);
     if (list == nullptr) {
         Mismatch(KindMismatch::kList);
         return;

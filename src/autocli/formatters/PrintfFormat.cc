@@ -96,38 +96,29 @@ void PrintfFormat::Analyse() {
     lengthModifier = format.substr(lengthBegin, lengthEnd - lengthBegin);
     integerFormat =
         format.substr(0, lengthBegin) + (conversion == 'c' ? "" : "l") + format.substr(lengthEnd);
+    fitsBool = IsIntegerConversion(conversion) && lengthModifier.empty();
+    fitsInt = IsIntegerConversion(conversion) &&
+              (lengthModifier.empty() || lengthModifier == "l" || lengthModifier == "ll");
+    fitsString = conversion == 's' && lengthModifier.empty();
 }
 
-bool PrintfFormat::FitsBool() const {
-    return IsIntegerConversion(conversion) && lengthModifier.empty();
-}
-
-bool PrintfFormat::FitsInt() const {
-    return IsIntegerConversion(conversion) &&
-           (lengthModifier.empty() || lengthModifier == "l" || lengthModifier == "ll");
-}
-
-bool PrintfFormat::FitsString() const {
-    return conversion == 's' && lengthModifier.empty();
-}
-
-int PrintfFormat::Write(MetaObj::MetaObject const& value, std::string const& defaultText,
+int PrintfFormat::Write(MetaObj::MetaObject const& value, std::string_view defaultText,
                         std::string& text) const {
     using namespace MetaObj;
     if (auto const* flag = dynamic_cast<MetaBool const*>(&value)) {
-        if (FitsBool()) {
+        if (fitsBool) {
             return Print(defaultText, text, format.c_str(), flag->GetValue() ? 1 : 0);
         }
     } else if (auto const* number = dynamic_cast<MetaInt const*>(&value)) {
-        if (FitsInt() && conversion == 'c') {
+        if (fitsInt && conversion == 'c') {
             return Print(defaultText, text, integerFormat.c_str(),
                          static_cast<int>(number->GetValue()));
         }
-        if (FitsInt()) {
+        if (fitsInt) {
             return Print(defaultText, text, integerFormat.c_str(), number->GetValue());
         }
     } else if (auto const* string = dynamic_cast<MetaString const*>(&value)) {
-        if (FitsString()) {
+        if (fitsString) {
             return Print(defaultText, text, format.c_str(), string->GetValue().c_str());
         }
     } else {
@@ -139,16 +130,19 @@ int PrintfFormat::Write(MetaObj::MetaObject const& value, std::string const& def
 }
 
 // The buffer is sized from the format and the default text; longer results are cut, as the
-// user asked for a field, not for unbounded output.
-int PrintfFormat::Print(std::string const& defaultText, std::string& text, char const* fmt,
+// user asked for a field, not for unbounded output. Most fit on the stack.
+int PrintfFormat::Print(std::string_view defaultText, std::string& text, char const* fmt,
                         ...) const {
-    std::vector<char> buffer(format.size() + defaultText.size() + 65, '\0');
+    size_t const size = format.size() + defaultText.size() + 65;
+    char onStack[256];
+    std::vector<char> onHeap(size > sizeof(onStack) ? size : 0);
+    char* const buffer = onHeap.empty() ? onStack : onHeap.data();
     va_list arguments;
     va_start(arguments, fmt);
-    int const result = std::vsnprintf(buffer.data(), buffer.size(), fmt, arguments);
+    int const result = std::vsnprintf(buffer, size, fmt, arguments);
     va_end(arguments);
     if (result >= 0) {
-        text.assign(buffer.data());
+        text.assign(buffer);
     }
     return result;
 }

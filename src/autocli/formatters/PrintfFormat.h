@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "tindra/metaobj/MetaObject.h"
 
@@ -19,15 +20,12 @@ public:
     // Formats one value into `text`. Structures and lists give the empty text. Returns the
     // printf result; a negative result leaves the cause in errno, EINVAL for a format that does
     // not fit the value.
-    int Write(MetaObj::MetaObject const& value, std::string const& defaultText,
+    int Write(MetaObj::MetaObject const& value, std::string_view defaultText,
               std::string& text) const;
 
 private:
     void Analyse();
-    bool FitsBool() const;
-    bool FitsInt() const;
-    bool FitsString() const;
-    int Print(std::string const& defaultText, std::string& text, char const* format, ...) const;
+    int Print(std::string_view defaultText, std::string& text, char const* format, ...) const;
 
     std::string format;
     // The conversion of a format with exactly one conversion; 0 otherwise.
@@ -35,6 +33,10 @@ private:
     std::string lengthModifier;
     // The format with its conversion rewritten to take a long (an int for 'c').
     std::string integerFormat;
+    // Which kinds of value the conversion takes, decided once for every cell formatted with it.
+    bool fitsBool = false;
+    bool fitsInt = false;
+    bool fitsString = false;
 };
 
 }  // namespace AutoCli

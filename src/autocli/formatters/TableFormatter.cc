@@ -96,7 +96,7 @@ private:
 
 bool Table::Measure(MetaList& list) {
     for (auto const& item : list.GetObjects()) {
-        auto const* row = ValueCast<MetaStruct const>(item.get());
+        auto const* row = ValueCast<MetaStruct const>(item.get(), MetaType::Struct);
         if (row == nullptr) {
             out.Append("Error: Unexpected type, unable to get struct from list\n");
             return false;
@@ -177,7 +177,7 @@ void Table::DecideWrapping() {
 
 bool Table::WriteRows(MetaList& list) {
     for (auto const& item : list.GetObjects()) {
-        auto const* row = ValueCast<MetaStruct const>(item.get());
+        auto const* row = ValueCast<MetaStruct const>(item.get(), MetaType::Struct);
         if (row != nullptr && !WriteRow(*row)) {
             return false;
         }
@@ -202,8 +202,8 @@ bool Table::WriteRow(MetaStruct const& row) {
 
 void Table::WriteCell(Column const& column, bool last, MetaObject const& value) {
     if (wrapLast && last && others != 0) {
-        FitString(static_cast<int>(others), screenWidth, value.ToString(), true, out, false, 0,
-                  true);
+        FitString(static_cast<int>(others), screenWidth, PrintedForm(value, scratch), true, out,
+                  false, 0, true);
         return;
     }
     std::string_view const text = column.format->Text(value, scratch);

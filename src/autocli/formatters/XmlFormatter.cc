@@ -116,7 +116,7 @@ void XmlWriter::Value(MetaObject* value, int level) {
 }
 
 void XmlWriter::Bool(MetaObject& value, int level) {
-    auto const* flag = ValueCast<MetaBool const>(&value);
+    auto const* flag = ValueCast<MetaBool const>(&value, MetaType::Bool);
     if (flag == nullptr) {
         out.Append("<!-- ");
         out.Append(KindMismatch::kBool);
@@ -130,7 +130,7 @@ void XmlWriter::Bool(MetaObject& value, int level) {
 }
 
 void XmlWriter::Int(MetaObject& value, int level) {
-    auto const* number = ValueCast<MetaInt const>(&value);
+    auto const* number = ValueCast<MetaInt const>(&value, MetaType::Int);
     if (number == nullptr) {
         Line(KindMismatch::kInt);
         return;
@@ -142,7 +142,7 @@ void XmlWriter::Int(MetaObject& value, int level) {
 }
 
 void XmlWriter::String(MetaObject& value, int level) {
-    auto const* text = ValueCast<MetaString const>(&value);
+    auto const* text = ValueCast<MetaString const>(&value, MetaType::String);
     if (text == nullptr) {
         Line(KindMismatch::kString);
         return;
@@ -154,7 +154,7 @@ void XmlWriter::String(MetaObject& value, int level) {
 }
 
 void XmlWriter::Struct(MetaObject& value, int level) {
-    auto const* structure = ValueCast<MetaStruct const>(&value);
+    auto const* structure = ValueCast<MetaStruct const>(&value, MetaType::Struct);
     if (structure == nullptr) {
         Line(KindMismatch::kStruct);
         return;
@@ -177,7 +177,7 @@ void XmlWriter::Struct(MetaObject& value, int level) {
 }
 
 void XmlWriter::List(MetaObject& value, int level) {
-    auto* list = ValueCast<MetaList>(&value);
+    auto* list = ValueCast<MetaList>(&value, MetaType::List);
     if (list == nullptr) {
         Line(KindMismatch::kList);
         return;
