@@ -56,7 +56,7 @@ bool ShowHeader(FormatParameters const& params) {
 }
 
 // One table: widths are measured over all rows first, so nothing is printed when a row is bad.
-// Everything goes through one buffer, so that a million rows cost a few hundred stream writes.
+// Everything goes through one buffer: the stream sees one write per block, not one per piece.
 class Table {
 public:
     Table(std::vector<std::string> const& names, FormatParameters const& params,
