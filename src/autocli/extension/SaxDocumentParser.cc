@@ -33,28 +33,26 @@ void SaxDocumentParser::ContextDeleter::operator()(xmlParserCtxt* parserContext)
 }
 
 void SaxDocumentParser::Feed(char const* data, size_t length) {
-    if (length == 0 || tooLong) {
+    if (length == 0 || abandoned) {
         return;
     }
     fedLength += length;
     // The tree reader takes a positive int length and refuses longer texts the same way.
     if (fedLength > static_cast<size_t>(INT_MAX)) {
-        tooLong = true;
-        owner.reset();
-        context = nullptr;
+        Abandon();
         return;
     }
     if (!owner && !Start()) {
         return;
     }
-    if (context != nullptr && !sinkFailure) {
+    if (!sinkFailure) {
         PushChunks(data, length);
     }
 }
 
 bool SaxDocumentParser::Finish() {
     if (!owner) {
-        return false;  // nothing fed, or too long
+        return false;  // nothing fed, or abandoned
     }
     if (!sinkFailure) {
         xmlParseChunk(context, nullptr, 0, 1);
@@ -75,7 +73,7 @@ bool SaxDocumentParser::Start() {
     // A push parser given no bytes yet: it detects the encoding from the first ones it gets.
     owner.reset(xmlCreatePushParserCtxt(nullptr, nullptr, nullptr, 0, nullptr));
     if (!owner) {
-        tooLong = true;  // nothing more can be read; the text counts as not well-formed
+        Abandon();
         return false;
     }
     context = owner.get();
@@ -89,6 +87,13 @@ bool SaxDocumentParser::Start() {
     textNodeLength = 0;
     openElements = 0;
     return true;
+}
+
+// The rest of the text is passed over and the text counts as not well-formed.
+void SaxDocumentParser::Abandon() {
+    abandoned = true;
+    owner.reset();
+    context = nullptr;
 }
 
 // The parser copies what it is given before it parses: small slices keep that copy small.

@@ -50,6 +50,7 @@ private:
     static void OnError(void* context, xmlError* error);
 
     bool Start();
+    void Abandon();
     void PushChunks(char const* data, size_t length);
     void InstallHandlers(xmlSAXHandler& handler);
     void StartElement(xmlChar const* localName, xmlChar const* prefix, xmlChar const* uri,
@@ -65,7 +66,7 @@ private:
     xmlParserCtxt* context = nullptr;
     size_t fedLength = 0;
     unsigned openElements = 0;
-    bool tooLong = false;
+    bool abandoned = false;     // too long to read, or no parser to read it
     size_t textNodeLength = 0;  // of the text node being reported, 0 between text nodes
     std::exception_ptr sinkFailure;
 };
