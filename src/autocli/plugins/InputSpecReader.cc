@@ -57,7 +57,8 @@ struct ParameterText {
     std::string description;
 };
 
-ParameterText ReadParameterText(xmlNode* node) {
+template <typename Node>
+ParameterText ReadParameterText(Node* node) {
     ParameterText text;
     text.name = XmlUtil_ExtractAttribute(node, "name");
     text.type = XmlUtil_ExtractAttribute(node, "type");
@@ -103,8 +104,9 @@ ParameterType CheckParameterText(ParameterText const& text) {
 }
 
 // Every <constraint> child in order; a later one replaces an earlier one.
-void ReadConstraints(xmlNode* node, ParameterSpec& parameter) {
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Node>
+void ReadConstraints(Node* node, ParameterSpec& parameter) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasTag(child, "constraint")) {
             continue;
         }
@@ -119,9 +121,10 @@ void ReadConstraints(xmlNode* node, ParameterSpec& parameter) {
 
 }  // namespace
 
-std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<InputSpec> ExtractInputSpec(Node* node) {
     std::shared_ptr<InputSpec> spec = InputSpec::New();
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, "parameter")) {
             ExtractInputParam(child, spec);
         } else if (HasTag(child, "context-supported")) {
@@ -131,7 +134,8 @@ std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
     return spec;
 }
 
-void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
+template <typename Node>
+void ExtractInputParam(Node* node, std::shared_ptr<InputSpec> spec) {
     ParameterText const text = ReadParameterText(node);
     ParameterType const type = CheckParameterText(text);
     std::shared_ptr<ParameterSpec> parameter = ParameterSpec::New(text.name, type);
@@ -146,6 +150,12 @@ void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
     ReadConstraints(node, *parameter);
     spec->AddParameter(parameter);
 }
+
+// The readers for the parser's tree and for its compact copy.
+template std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node);
+template void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec);
+template std::shared_ptr<InputSpec> ExtractInputSpec(CompactNode const* node);
+template void ExtractInputParam(CompactNode const* node, std::shared_ptr<InputSpec> spec);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -1,0 +1,40 @@
+#include "autocli/plugins/CompactDescriptor.h"
+
+#include <libxml/parserInternals.h>
+#include <libxml/xmlerror.h>
+
+#include "autocli/extension/CompactTreeBuilder.h"
+#include "autocli/extension/SaxDocumentParser.h"
+#include "platform/FileContent.h"
+
+namespace Tindra {
+namespace AutoCli {
+
+namespace {
+
+// No text node of a file this small reaches the limit at which the tree builder stops.
+size_t const kLargestCompactFile = XML_MAX_TEXT_LENGTH;
+
+// The event parser keeps quiet, but libxml2 records its last diagnostic in any case.
+bool ParsesSilently(std::string const& text, CompactTree& tree) {
+    CompactTreeBuilder builder(tree);
+    SaxDocumentParser parser(builder);
+    xmlResetLastError();
+    bool const wellFormed = parser.Parse(text);
+    xmlError const* diagnostic = xmlGetLastError();
+    bool const silent = diagnostic == nullptr || diagnostic->code == XML_ERR_OK;
+    return wellFormed && silent && builder.IsFaithful() && tree.Root() != nullptr;
+}
+
+}  // namespace
+
+// A file that libxml2 would read decompressed never parses as a document by itself, and one it
+// cannot open is not read here either; both go to the tree reader.
+bool ReadCompactDescriptor(std::string const& fileName, CompactTree& tree) {
+    std::string text;
+    return Platform::ReadFileContent(fileName, kLargestCompactFile, text) &&
+           ParsesSilently(text, tree);
+}
+
+}  // namespace AutoCli
+}  // namespace Tindra
