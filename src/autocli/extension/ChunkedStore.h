@@ -2,28 +2,32 @@
 #define TINDRA_SRC_AUTOCLI_EXTENSION_CHUNKEDSTORE_H
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 namespace Tindra {
 namespace AutoCli {
 
-// Objects made one at a time that never move, so they can point at each other; allocated in
+// Objects handed out one at a time that never move, so they can point at each other; made in
 // chunks because a document has thousands of them.
 template <typename T>
 class ChunkedStore {
 public:
-    // A new object, made only now: a chunk reserves room without making objects in it.
+    // A default-made object of its own.
     T& Add() {
-        if (chunks.empty() || chunks.back().size() == kChunkSize) {
-            chunks.emplace_back();
-            chunks.back().reserve(kChunkSize);
+        if (next == end) {
+            chunks.push_back(std::make_unique<T[]>(kChunkSize));
+            next = chunks.back().get();
+            end = next + kChunkSize;
         }
-        return chunks.back().emplace_back();
+        return *next++;
     }
 
 private:
     static constexpr size_t kChunkSize = 256;
-    std::vector<std::vector<T>> chunks;  // never grown past their reserve, so nothing moves
+    std::vector<std::unique_ptr<T[]>> chunks;
+    T* next = nullptr;  // in the last chunk
+    T* end = nullptr;
 };
 
 }  // namespace AutoCli

@@ -123,8 +123,9 @@ char const* CompactTreeBuilder::CopyName(std::string_view name) {
     // Fibonacci hashing of the address: the parser packs its strings tightly.
     std::uint64_t const address = reinterpret_cast<std::uintptr_t>(name.data());
     NameCopy& known = names[(address * 0x9E3779B97F4A7C15u) >> (64 - kNameSlotBits)];
-    if (known.parsed != name.data() || name.compare(known.copy) != 0) {
-        known = {name.data(), Copy(name)};
+    if (known.parsed != name.data() || known.length != name.size() ||
+        std::memcmp(known.copy, name.data(), name.size()) != 0) {
+        known = {name.data(), name.size(), Copy(name)};
     }
     return known.copy;
 }

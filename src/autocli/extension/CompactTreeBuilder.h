@@ -41,6 +41,7 @@ private:
     // A name as the parser handed it over, and the tree's copy.
     struct NameCopy {
         char const* parsed = nullptr;
+        size_t length = 0;
         char const* copy = nullptr;
     };
 

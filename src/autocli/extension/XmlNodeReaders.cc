@@ -18,7 +18,8 @@ using XmlString = std::unique_ptr<xmlChar, XmlCharDeleter>;
 
 template <typename Node>
 bool HasName(Node const* node, char const* tag) {
-    return std::strcmp(GrammarNodeName(node), tag) == 0;
+    char const* name = GrammarNodeName(node);
+    return name[0] == tag[0] && std::strcmp(name, tag) == 0;  // most names differ at once
 }
 
 xmlAttr const* FindAttribute(xmlNode const* node, char const* name) {

@@ -52,7 +52,8 @@ std::shared_ptr<CallSpec::OutputSpec> ExtractOutputSpec(Node* node);
 // them).
 template <typename Node>
 bool HasTag(Node const* node, char const* tag) {
-    return std::strcmp(GrammarNodeName(node), tag) == 0;
+    char const* name = GrammarNodeName(node);
+    return name[0] == tag[0] && std::strcmp(name, tag) == 0;  // most names differ at once
 }
 
 // The text of a text, CDATA or comment node.

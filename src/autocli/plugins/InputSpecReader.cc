@@ -1,6 +1,7 @@
 // Reads <input-spec> and its <parameter> elements into the call contract.
 #include <array>
 #include <string>
+#include <utility>
 
 #include "autocli/extension/ValueGrammar.h"
 #include "autocli/extension/XmlUtil.h"
@@ -136,13 +137,13 @@ std::shared_ptr<InputSpec> ExtractInputSpec(Node* node) {
 
 template <typename Node>
 void ExtractInputParam(Node* node, std::shared_ptr<InputSpec> spec) {
-    ParameterText const text = ReadParameterText(node);
+    ParameterText text = ReadParameterText(node);
     ParameterType const type = CheckParameterText(text);
-    std::shared_ptr<ParameterSpec> parameter = ParameterSpec::New(text.name, type);
+    std::shared_ptr<ParameterSpec> parameter = ParameterSpec::New(std::move(text.name), type);
     if (!text.shortName.empty()) {
         parameter->SetShortName(text.shortName);
     }
-    parameter->SetDescription(text.description);
+    parameter->SetDescription(std::move(text.description));
     parameter->SetRequired(text.required == "true");
     if (text.secret == "true") {
         parameter->SetSecret(true);

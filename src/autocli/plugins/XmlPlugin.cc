@@ -114,15 +114,15 @@ void XmlPlugin::AddCommand(Node* node) {
             "Invalid command specification found.  <command> tags must have a non-empty "
             "'path' attribute");
     }
-    std::string const description = XmlUtil_GetContentForChildByTag(node, "description");
+    std::string description = XmlUtil_GetContentForChildByTag(node, "description");
     WithContext([&] { return "Unable to register the command 'ostrel " + path + "'  Error was "; },
-                [&] { ReadCommand(node, path, description); });
+                [&] { ReadCommand(node, path, std::move(description)); });
 }
 
 template <typename Node>
-void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string const& description) {
+void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string description) {
     std::shared_ptr<ExtensionCommand> command = ExtensionCommand::New();
-    command->SetDescription(description);
+    command->SetDescription(std::move(description));
     if (Node* metaData = XmlUtil_FindChildNode(node, "meta-data")) {
         ExtractMetaData(metaData, command);
     }

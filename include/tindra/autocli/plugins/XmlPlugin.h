@@ -51,9 +51,16 @@ private:
     template <typename Node>
     void AddCommand(Node* node);
     template <typename Node>
-    void ReadCommand(Node* node, std::string const& path, std::string const& description);
-    void CheckRegistration(Namespace& root, Registration const& registration);
-    void Register(Namespace& root, Registration const& registration);
+    void ReadCommand(Node* node, std::string const& path, std::string description);
+    // A registration's path taken apart: the names of the parent namespace, and the node's own.
+    struct PathNames {
+        std::list<std::string> parent;
+        std::string name;
+    };
+    static PathNames SplitRegistrationPath(std::string const& path);
+    void CheckRegistration(Namespace& root, Registration const& registration,
+                           PathNames const& names);
+    void Register(Namespace& root, Registration const& registration, PathNames& names);
     static std::list<std::string> SplitPath(std::string const& path);
     static std::string TakeLastName(std::list<std::string>& names);
 
