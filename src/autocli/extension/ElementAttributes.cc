@@ -3,6 +3,7 @@
 #include <libxml/tree.h>
 #include <libxml/valid.h>
 
+#include <cstring>
 #include <memory>
 
 namespace Tindra {
@@ -69,7 +70,7 @@ ElementAttributes::ElementAttributes(xmlParserCtxt* context, char const* element
 
 std::string ElementAttributes::Get(char const* name) const {
     for (int i = 0; i < count; ++i) {
-        if (TreeName(i) == name) {
+        if (HasTreeName(i, name)) {
             return std::string(Value(i));
         }
     }
@@ -82,6 +83,13 @@ WrittenAttribute ElementAttributes::Written(int index) const {
 
 bool ElementAttributes::MayAddDeclaredDefaults() const {
     return context->myDoc != nullptr && context->myDoc->intSubset != nullptr;
+}
+
+bool ElementAttributes::HasTreeName(int index, char const* name) const {
+    if (qualified.empty()) {  // the usual tag: every attribute is known by its local name
+        return std::strcmp(Text(LocalNameOf(attributes, index)), name) == 0;
+    }
+    return TreeName(index) == name;
 }
 
 std::string_view ElementAttributes::TreeName(int index) const {

@@ -29,6 +29,7 @@ public:
     bool MayAddDeclaredDefaults() const override;
 
 private:
+    bool HasTreeName(int index, char const* name) const;
     std::string_view TreeName(int index) const;
     std::string_view Value(int index) const;
     std::string ExpandReferences(int index) const;
