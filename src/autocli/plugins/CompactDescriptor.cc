@@ -15,8 +15,10 @@ namespace {
 // No text node of a file this small reaches the limit at which the tree builder stops.
 size_t const kLargestCompactFile = XML_MAX_TEXT_LENGTH;
 
-// The event parser keeps quiet, but libxml2 records its last diagnostic in any case.
-bool ParsesSilently(std::string const& text, CompactTree& tree) {
+// Whether the copy stands in for the parser's tree. That also takes a parse without any
+// diagnostic, which the tree reader would print: the event parser keeps quiet, but libxml2
+// records the last one in any case.
+bool CopiesFaithfully(std::string const& text, CompactTree& tree) {
     CompactTreeBuilder builder(tree);
     SaxDocumentParser parser(builder);
     xmlResetLastError();
@@ -33,7 +35,7 @@ bool ParsesSilently(std::string const& text, CompactTree& tree) {
 bool ReadCompactDescriptor(std::string const& fileName, CompactTree& tree) {
     std::string text;
     return Platform::ReadFileContent(fileName, kLargestCompactFile, text) &&
-           ParsesSilently(text, tree);
+           CopiesFaithfully(text, tree);
 }
 
 }  // namespace AutoCli

@@ -155,6 +155,8 @@ void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string des
     pending.emplace_back(path, std::move(command));
 }
 
+// Most files are read from a compact copy of their tree; the rest, and every file that does
+// not parse, through the parser's own tree, which also prints the parser's diagnostics.
 void XmlPlugin::ReadDescriptor() {
     CompactTree tree;
     if (ReadCompactDescriptor(fileName, tree)) {
