@@ -39,6 +39,13 @@ void ForEachChildTagged(Node* node, char const* tag, Step&& step) {
     }
 }
 
+template <typename Node>
+size_t CountChildrenTagged(Node* node, char const* tag) {
+    size_t count = 0;
+    ForEachChildTagged(node, tag, [&count](Node*) { ++count; });
+    return count;
+}
+
 }  // namespace
 
 std::shared_ptr<XmlPlugin> XmlPlugin::New(std::string const& fileName) {
@@ -82,8 +89,11 @@ void XmlPlugin::ReadRoot(Node* root) {
     }
 }
 
+// The registrations stay with the plug-in for its life, so they get the room they need and
+// no more.
 template <typename Node>
 void XmlPlugin::AddNamespaces(Node* node) {
+    pending.reserve(pending.size() + CountChildrenTagged(node, "namespace"));
     ForEachChildTagged(node, "namespace", [this](Node* child) { AddNamespace(child); });
 }
 
@@ -103,6 +113,7 @@ void XmlPlugin::AddNamespace(Node* node) {
 
 template <typename Node>
 void XmlPlugin::AddCommands(Node* node) {
+    pending.reserve(pending.size() + CountChildrenTagged(node, "command"));
     ForEachChildTagged(node, "command", [this](Node* child) { AddCommand(child); });
 }
 
