@@ -2,7 +2,6 @@
 // output_reader.sh to time and measure. Prints what was read so the work cannot be skipped.
 #include <fstream>
 #include <iostream>
-#include <string>
 
 #include "autocli/extension/OutputDocumentReader.h"
 #include "tindra/TindraException.h"
@@ -18,14 +17,14 @@ int main(int argc, char** argv) {
         std::cerr << "cannot open " << argv[1] << std::endl;
         return 2;
     }
-    // Appended chunk by chunk, as the shell runner collects a command's output.
-    std::string text;
+    // Fed piece by piece, as an extension command's output is read from its pipe.
+    Tindra::AutoCli::OutputDocumentStream stream;
     char chunk[64 * 1024];
     while (file.read(chunk, sizeof chunk) || file.gcount() > 0) {
-        text.append(chunk, static_cast<size_t>(file.gcount()));
+        stream.Feed(chunk, static_cast<size_t>(file.gcount()));
     }
     try {
-        auto value = Tindra::AutoCli::XmlUtil_ParseXmlOutput(text);
+        auto value = stream.Finish();
         if (!value) {
             std::cout << "no value" << std::endl;
             return 1;

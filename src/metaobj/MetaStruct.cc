@@ -1,5 +1,7 @@
 #include "tindra/metaobj/MetaStruct.h"
 
+#include <algorithm>
+
 #include "metaobj/DocumentationText.h"
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
@@ -23,6 +25,8 @@ std::string const& MissingDocumentation() {
     static std::string const text = kDocumentationMissing;
     return text;
 }
+
+size_t const kLinearSearchLimit = 8;
 
 std::string const& CheckedTypeName(std::string const& typeName) {
     if (!IsValidStructName(typeName)) {
@@ -68,17 +72,50 @@ std::shared_ptr<MetaStruct> MetaStruct::New(std::shared_ptr<MetaStruct> const& d
     return instance;
 }
 
+MetaStruct::FieldEntries::const_iterator MetaStruct::FindField(std::string const& name) const {
+    // Most structures have a handful of fields: comparing for equality beats ordering them.
+    if (fields.size() <= kLinearSearchLimit) {
+        return std::find_if(fields.begin(), fields.end(),
+                            [&name](FieldEntry const& entry) { return entry.first == name; });
+    }
+    auto const found = std::lower_bound(
+        fields.begin(), fields.end(), name,
+        [](FieldEntry const& entry, std::string const& key) { return entry.first < key; });
+    return found != fields.end() && found->first == name ? found : fields.end();
+}
+
+MetaStruct::FieldEntries::iterator MetaStruct::FindField(std::string const& name) {
+    auto const found = static_cast<MetaStruct const&>(*this).FindField(name);
+    return fields.begin() + (found - fields.cbegin());
+}
+
+void MetaStruct::StoreField(std::string const& name, Field&& field) {
+    // Fields usually arrive in order or replace one: look at the end before searching.
+    if (fields.empty() || fields.back().first < name) {
+        fields.emplace_back(name, std::move(field));
+        return;
+    }
+    auto const place = std::lower_bound(
+        fields.begin(), fields.end(), name,
+        [](FieldEntry const& entry, std::string const& key) { return entry.first < key; });
+    if (place->first == name) {
+        place->second = std::move(field);
+    } else {
+        fields.emplace(place, name, std::move(field));
+    }
+}
+
 bool MetaStruct::HasField(std::string const& name) const {
-    return fields.count(name) != 0;
+    return FindField(name) != fields.end();
 }
 
 std::shared_ptr<MetaObject> MetaStruct::GetField(std::string const& name) const {
-    auto const found = fields.find(name);
+    auto const found = FindField(name);
     return found == fields.end() ? nullptr : found->second.value;
 }
 
 MetaType MetaStruct::GetFieldType(std::string const& name) const {
-    auto const found = fields.find(name);
+    auto const found = FindField(name);
     if (found == fields.end()) {
         throw 1;  // callers of this accessor catch the plain integer
     }
@@ -86,7 +123,7 @@ MetaType MetaStruct::GetFieldType(std::string const& name) const {
 }
 
 std::string const& MetaStruct::GetFieldDocumentation(std::string const& name) const {
-    auto const found = fields.find(name);
+    auto const found = FindField(name);
     if (found == fields.end()) {
         throw TindraException("Field " + name + " is not present in the structure " + typeName);
     }
@@ -107,7 +144,10 @@ void MetaStruct::RemoveField(std::string const& name) {
     if (locked) {
         throw TindraException("Structure is locked, unable to remove fields");
     }
-    fields.erase(name);
+    auto const found = FindField(name);
+    if (found != fields.end()) {
+        fields.erase(found);
+    }
 }
 
 bool MetaStruct::MatchesStructureDefinition() {
@@ -127,7 +167,7 @@ void MetaStruct::SetField(std::string const& name, std::shared_ptr<MetaObject> c
     }
     IsValidFieldName(name);  // accepts every name; kept as the single place to restrict them
     if (locked) {
-        auto const found = fields.find(name);
+        auto const found = FindField(name);
         if (found == fields.end()) {
             throw TindraException("Unable to set new field " + name +
                                   " on structure. Structure has been locked");
@@ -140,7 +180,7 @@ void MetaStruct::SetField(std::string const& name, std::shared_ptr<MetaObject> c
                               " on structure.  The field does not match the Structure "
                               "definition for this MetaStruct.");
     }
-    fields.insert_or_assign(name, Field(value, documentation));
+    StoreField(name, Field(value, documentation));
 }
 
 bool MetaStruct::IsSameStructure(std::shared_ptr<MetaObject> const& other,
@@ -159,7 +199,7 @@ bool MetaStruct::IsSameStructure(std::shared_ptr<MetaObject> const& other,
                MetaTypeString(GetType()) + " got type " + MetaTypeString(other->GetType()));
         return false;
     }
-    auto const checked = std::dynamic_pointer_cast<MetaStruct>(other);
+    auto const* checked = dynamic_cast<MetaStruct const*>(other.get());
     if (!checked) {
         record("Unable to cast to MetaStruct, runtime error?");
         return false;
@@ -173,9 +213,14 @@ bool MetaStruct::IsSameStructure(std::shared_ptr<MetaObject> const& other,
                std::to_string(fields.size()) + " found " + std::to_string(checked->fields.size()));
         result = false;
     }
-    for (auto const& field : fields) {
-        auto const found = checked->fields.find(field.first);
-        if (found == checked->fields.end()) {
+    auto const& others = checked->fields;
+    for (size_t index = 0; index < fields.size(); ++index) {
+        auto const& field = fields[index];
+        // Structures of one type hold the same names in the same order.
+        bool const aligned = index < others.size() && others[index].first == field.first;
+        auto const found = aligned ? others.begin() + static_cast<std::ptrdiff_t>(index)
+                                   : checked->FindField(field.first);
+        if (found == others.end()) {
             record("Missing field in input: " + field.first);
             return false;
         }

@@ -63,10 +63,4 @@ TEST(OutputSpecValidate, TemplatesCheckNamesAndKindsNotValues) {
     EXPECT_EQ((Messages{"Mismatch on number of fields set in struct. Expected 2 found 1",
                         "Missing field in input: Size"}),
               errors);
-
-    errors.clear();
-    spec->SetRootObject(MetaList::New(Int));
-    EXPECT_TRUE(spec->Validate(OutputWith(MetaList::New(Int)), &errors));
-    EXPECT_FALSE(spec->Validate(OutputWith(MetaList::New(String)), &errors));
-    EXPECT_EQ(Messages{"Mismatch on list type"}, errors);
 }

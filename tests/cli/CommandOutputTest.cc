@@ -19,53 +19,6 @@ TEST(CommandOutputTest, TheLastColumnWrapsAtAValidScreenWidth) {
     }
 }
 
-TEST(CommandOutputTest, EachFormatterCanBeChosen) {
-    ExpectRun(Ostrel(List({"--formatter", "table"})), 0, kCommandTable, "");
-    ExpectRun(Ostrel(List({"--formatter", "simple"})), 0,
-              "\nOstrelCommand:\n   Namespace: ostrel.command\n   Command: list\n"
-              "   Description: List all of the ostrel commands.\n\n",
-              "");
-    ExpectRun(Ostrel(List({"--formatter", "json"})), 0,
-              "\n[\n\n      {\n         \"Command\": \"list\",\n"
-              "         \"Description\": \"List all of the ostrel commands.\",\n"
-              "         \"Namespace\": \"ostrel.command\"\n      }\n]\n",
-              "");
-    ExpectRun(Ostrel(List({"--formatter", "python"})), 0,
-              "[{\"Command\": \"\"\"list\"\"\", \"Description\": \"\"\"List all of the ostrel "
-              "commands.\"\"\", \"Namespace\": \"\"\"ostrel.command\"\"\", }, ]\n",
-              "");
-}
-
-TEST(CommandOutputTest, TheXmlDocumentCarriesTheFormatParameters) {
-    auto run = Ostrel(List({"--formatter", "xml"}));
-    EXPECT_EQ(0, run.status);
-    EXPECT_EQ("", run.err);
-    EXPECT_EQ(0u, run.out.find("<?xml version=\"1.0\"?>\n<output xmlns:ostrel=\"")) << run.out;
-    EXPECT_EQ(
-        "   <meta-data>\n"
-        "      <meta-data-field name=\"fields:OstrelCommand\" "
-        "value=\"Namespace,Command,Description\"/>\n"
-        "      <meta-data-field name=\"wrap-last\" value=\"true\"/>\n"
-        "   </meta-data>\n"
-        "   <root>\n"
-        "      <list type=\"structure\">\n"
-        "            <structure typeName=\"OstrelCommand\">\n"
-        "               <field name=\"Command\">\n"
-        "                  <string>list</string>\n"
-        "               </field>\n"
-        "               <field name=\"Description\">\n"
-        "                  <string>List all of the ostrel commands.</string>\n"
-        "               </field>\n"
-        "               <field name=\"Namespace\">\n"
-        "                  <string>ostrel.command</string>\n"
-        "               </field>\n"
-        "            </structure>\n"
-        "      </list>\n"
-        "   </root>\n"
-        "</output>\n",
-        run.out.substr(run.out.find("\">\n") + 3));
-}
-
 TEST(CommandOutputTest, FormatParametersOverrideTheCommandsDefaults) {
     // Key by key: the command's column list is replaced, its wrap-last stays.
     ExpectRun(Ostrel(List({"--format-param", "fields:OstrelCommand=Command,Namespace"})), 0,
@@ -73,10 +26,16 @@ TEST(CommandOutputTest, FormatParametersOverrideTheCommandsDefaults) {
     ExpectRun(Ostrel(List({"--format-param", "show-header=false", "--format-param",
                            "fields:OstrelCommand=Command"})),
               0, "list\n", "");
-    // The value is split at the first "=", blanks, dots, colons and hyphens are key characters.
+    // The value is split at the first "=", blanks, dots, colons and hyphens are key characters;
+    // the command's own defaults stay beside it, all in key order.
     auto run = Ostrel(List({"--formatter", "xml", "--format-param", "a.b c:d-e=x=y"}));
     EXPECT_NE(std::string::npos,
-              run.out.find("      <meta-data-field name=\"a.b c:d-e\" value=\"x=y\"/>\n"))
+              run.out.find("   <meta-data>\n"
+                           "      <meta-data-field name=\"a.b c:d-e\" value=\"x=y\"/>\n"
+                           "      <meta-data-field name=\"fields:OstrelCommand\" "
+                           "value=\"Namespace,Command,Description\"/>\n"
+                           "      <meta-data-field name=\"wrap-last\" value=\"true\"/>\n"
+                           "   </meta-data>\n"))
         << run.out;
 }
 
@@ -122,10 +81,7 @@ TEST(CommandHelpTest, HelpAsACommandOptionShowsTheCommandsWrappedHelpInAnyFormat
 std::string ListOnTerminal(unsigned short columns, Words const& options) {
     TestSupport::PseudoTerminal terminal;
     terminal.SetWindowSize(columns, 24);
-    Words argv = List(options);
-    argv.insert(argv.begin(), "ostrel");
-    auto run = TestSupport::RunProgram(OSTREL_BINARY, argv, "", {"OSTREL_SKIP_DEFAULT_PLUGINS=1"},
-                                       terminal.slave.Get());
+    auto run = Ostrel(List(options), "", {}, terminal.slave.Get());
     EXPECT_EQ(0, run.status);
     EXPECT_EQ("", run.err);
     return terminal.ReadWritten();

@@ -34,7 +34,6 @@ struct StreamRow {
 };
 
 std::string const kGarbage("\x01\xff\xfe\x7f\x80\r", 6);
-std::string const kLongWord(1 << 20, 'w');
 
 StreamRow const kStreams[] = {
     {"lines share the screen width but cannot nest streams",
@@ -53,8 +52,6 @@ StreamRow const kStreams[] = {
      "ostrel command list -c " + std::string(1 << 20, 'q') + "\n  " + std::string(1 << 20, ' ') +
          "\nostrel command list -n\n",
      1, kEmptyTable, "Errors: \n-n must have value\n"},
-    {"an over-long word is reported whole", kLongWord + "\n", 1, "",
-     kNoSuchPrefix + kLongWord + "' in namespace \n"},
 };
 
 TEST(InputStreamTest, StreamRows) {

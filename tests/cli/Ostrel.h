@@ -1,8 +1,6 @@
 #ifndef TINDRA_TESTS_CLI_OSTREL_H
 #define TINDRA_TESTS_CLI_OSTREL_H
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
@@ -13,11 +11,13 @@ namespace CliTest {
 using Words = std::vector<std::string>;
 
 // Runs the built tool as "ostrel" with only its built-in commands (nothing from the
-// installed plug-in directories), standard streams on pipes.
-inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& input = "") {
+// installed plug-in directories), standard streams on pipes unless outputFd is given.
+inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& input = "",
+                                       Words environment = {}, int outputFd = -1) {
     Words argv = {"ostrel"};
     argv.insert(argv.end(), args.begin(), args.end());
-    return TestSupport::RunProgram(OSTREL_BINARY, argv, input, {"OSTREL_SKIP_DEFAULT_PLUGINS=1"});
+    environment.push_back("OSTREL_SKIP_DEFAULT_PLUGINS=1");
+    return TestSupport::RunProgram(OSTREL_BINARY, argv, input, environment, outputFd);
 }
 
 // "ostrel command list" between dispatcher options and command options.
@@ -29,13 +29,7 @@ inline Words List(Words words, Words const& after = {}) {
     return words;
 }
 
-// The three things a run is judged by, compared at once so a failure shows all of them.
-inline void ExpectRun(TestSupport::ChildResult const& run, int status, std::string const& out,
-                      std::string const& err) {
-    EXPECT_EQ(out, run.out);
-    EXPECT_EQ(err, run.err);
-    EXPECT_EQ(status, run.status);
-}
+using TestSupport::ExpectRun;
 
 // What the command list prints for the built-in command alone: unwrapped and at width 40.
 std::string const kCommandTable =

@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "support/ChildProcess.h"
+#include "Ostrel.h"
 #include "support/DescriptorFiles.h"
 
 namespace {
 
-using Words = std::vector<std::string>;
+using CliTest::Words;
 
 std::string const kBundled = TINDRA_TEST_BINARY_DIR "/../plugins/bundled";
 
@@ -26,11 +26,9 @@ protected:
             GTEST_SKIP() << "bundled plug-ins not configured in this build";
         }
     }
-    TestSupport::ChildResult Run(Words const& words, Words environment = {}) {
-        Words argv = {"ostrel", "--plugin-dir", kBundled};
-        argv.insert(argv.end(), words.begin(), words.end());
-        environment.push_back("OSTREL_SKIP_DEFAULT_PLUGINS=1");
-        return TestSupport::RunProgram(OSTREL_BINARY, argv, "", environment);
+    TestSupport::ChildResult Run(Words words, Words const& environment = {}) {
+        words.insert(words.begin(), {"--plugin-dir", kBundled});
+        return CliTest::Ostrel(words, "", environment);
     }
 };
 
@@ -83,7 +81,7 @@ TEST_F(BundledCommandsTest, FixtureHostTextSurvivesTheHelpers) {
     host.Write("proc/42/cmdline", std::string(arguments, sizeof arguments));
     auto python = [&](Words words) {
         words.insert(words.begin(), {"--formatter", "python"});
-        auto const run = Run(words, {"OSTREL_HOST_ROOT=" + host.Directory()});
+        auto const run = Run(words, {"OSTREL_HOST_ROOT=" + host.path});
         EXPECT_EQ("", run.err);
         return run.out;
     };

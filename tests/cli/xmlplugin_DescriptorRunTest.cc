@@ -79,12 +79,9 @@ protected:
 
     // The tool with the given environment and, unless asked otherwise, the demo plug-in.
     TestSupport::ChildResult Demo(Words args, Words environment = {"LANG=C"}) {
-        args.insert(args.begin(), "ostrel");
-        if (args[1] != "--plugin-dir") {
-            args.insert(args.begin() + 1, {"--plugin", demo});
-        }
-        environment.push_back("OSTREL_SKIP_DEFAULT_PLUGINS=1");
-        return TestSupport::RunProgram(OSTREL_BINARY, args, "", environment);
+        if (args[0] != "--plugin-dir")
+            args.insert(args.begin(), {"--plugin", demo});
+        return CliTest::Ostrel(args, "", environment);
     }
 
     std::string const savedLang = getenv("LANG") ? getenv("LANG") : "";
@@ -100,8 +97,8 @@ TEST_F(DescriptorRunTest, ABrokenDescriptorIsReportedAndTheOthersStillLoad) {
     std::string const why =
         "Unable to register the command 'ostrel demo.bad'  Error was Unable "
         "to find <output-spec> element, which is required for a command.\n";
-    ExpectRun(Demo({"--plugin-dir", files.Directory(), "demo", "quiet", "--name", "O'Ne;il",
-                    "--force", "--limit", "5", "--path", "a b", "--path", "c"},
+    ExpectRun(Demo({"--plugin-dir", files.path, "demo", "quiet", "--name", "O'Ne;il", "--force",
+                    "--limit", "5", "--path", "a b", "--path", "c"},
                    {}),
               1, "",
               "Error loading plugin " + broken +

@@ -52,6 +52,19 @@ TEST_F(ExtensionCommandTest, LeadingErrorLinesAreTheResult) {
     EXPECT_EQ("<none>", Root(output));  // not a document: no value, no error
 }
 
+// The output is read as the program writes it: a leading "ERROR:" split across writes and
+// outputs shorter than that word are still told apart from documents.
+TEST_F(ExtensionCommandTest, OutputWrittenInPiecesIsReadAsAWhole) {
+    EXPECT_EQ((Errors{"late"}), Run("printf ERR; sleep 0.1; printf 'OR:late'")->GetErrors());
+    auto output =
+        Run("printf '<o'; sleep 0.1; printf '><string>x'; sleep 0.1; printf '</string></o>'");
+    EXPECT_TRUE(output->GetErrors().empty());
+    EXPECT_EQ("x", Root(output));
+    output = Run("printf '<o/>'");
+    EXPECT_TRUE(output->GetErrors().empty());
+    EXPECT_EQ("<none>", Root(output));
+}
+
 TEST_F(ExtensionCommandTest, NoOutputIsReportedWithTheCommandLine) {
     EXPECT_EQ((Errors{"Got no data from process: true"}), Run("true")->GetErrors());
     unsetenv("LANG");

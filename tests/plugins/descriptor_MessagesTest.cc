@@ -26,7 +26,7 @@ protected:
         return ThrownMessage([&] { XmlPlugin::New(path)->Initialize(); });
     }
     std::string FileWrapped(std::string const& message) {
-        return "Unable to handle XML Plugin " + files.Directory() +
+        return "Unable to handle XML Plugin " + files.path +
                "/plugin.xml.  There was an error while parsing: " + message;
     }
     // Each fragment goes into an otherwise complete command; the message gets both wrappings.
@@ -45,7 +45,7 @@ protected:
 };
 
 TEST_F(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
-    std::string const file = files.Directory() + "/plugin.xml";
+    std::string const file = files.path + "/plugin.xml";
     CommandParts twice;
     twice.description = "<description>a</description><description>b</description>";
     std::vector<Case> const cases = {

@@ -3,9 +3,8 @@
 // finds out when a user runs it so.
 #include <gtest/gtest.h>
 
-#include <dirent.h>
-
 #include <boost/regex.hpp>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -21,15 +20,10 @@ std::string const kBuildDir = TINDRA_TEST_BINARY_DIR "/../plugins";
 
 std::vector<std::string> DescriptorsIn(std::string const& directory) {
     std::vector<std::string> paths;
-    if (DIR* listing = opendir(directory.c_str())) {
-        while (dirent* entry = readdir(listing)) {
-            std::string const name = entry->d_name;
-            if (name.size() > 4 && name.compare(name.size() - 4, 4, ".xml") == 0) {
-                paths.push_back(directory + "/" + name);
-            }
-        }
-        closedir(listing);
-    }
+    std::error_code absent;
+    for (auto const& entry : std::filesystem::directory_iterator(directory, absent))
+        if (entry.path().extension() == ".xml")
+            paths.push_back(entry.path().string());
     return paths;
 }
 

@@ -4,6 +4,7 @@
 // Runs code or a program in a child with standard streams on pipes. Header only.
 #include <errno.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
@@ -25,14 +26,13 @@ class OwnedFd {
 public:
     OwnedFd() = default;
     explicit OwnedFd(int fd) : fd(fd) {}
-    OwnedFd(OwnedFd&& other) noexcept : fd(other.Release()) {}
+    OwnedFd(OwnedFd&& other) noexcept : fd(std::exchange(other.fd, -1)) {}
     OwnedFd& operator=(OwnedFd&& other) noexcept {
-        Reset(other.Release());
+        Reset(std::exchange(other.fd, -1));
         return *this;
     }
     ~OwnedFd() { Reset(); }
     int Get() const { return fd; }
-    int Release() { return std::exchange(fd, -1); }
     void Reset(int newFd = -1) {
         if (fd >= 0)
             close(fd);
@@ -58,15 +58,21 @@ struct ChildResult {
     int status = -1;  // exit status, or 128 + signal number
 };
 
+// The three things a run is judged by, compared at once so a failure shows all of them.
+inline void ExpectRun(ChildResult const& run, int status, std::string const& out,
+                      std::string const& err) {
+    EXPECT_EQ(out, run.out);
+    EXPECT_EQ(err, run.err);
+    EXPECT_EQ(status, run.status);
+}
+
 inline int WaitForChild(pid_t pid) {
     int status = 0;
     while (waitpid(pid, &status, 0) < 0) {
         if (errno != EINTR)
             throw std::runtime_error("waitpid failed");
     }
-    return WIFEXITED(status)     ? WEXITSTATUS(status)
-           : WIFSIGNALED(status) ? 128 + WTERMSIG(status)
-                                 : -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 // Feeds the input while reading both outputs, so a child blocked on a full pipe cannot
@@ -83,11 +89,8 @@ inline ChildResult CollectFromChild(pid_t pid, Pipe (&pipes)[3], std::string con
         pollfd fds[3] = {{pipes[1].read.Get(), POLLIN, 0},
                          {pipes[2].read.Get(), POLLIN, 0},
                          {pipes[0].write.Get(), POLLOUT, 0}};
-        if (poll(fds, 3, -1) < 0) {
-            if (errno == EINTR)
-                continue;
+        if (poll(fds, 3, -1) < 0 && errno != EINTR)
             throw std::runtime_error("poll failed");
-        }
         if (fds[2].revents) {
             ssize_t n = write(pipes[0].write.Get(), input.data() + written, input.size() - written);
             written += n > 0 ? static_cast<std::size_t>(n) : 0;
@@ -97,11 +100,10 @@ inline ChildResult CollectFromChild(pid_t pid, Pipe (&pipes)[3], std::string con
         for (int i = 0; i < 2; ++i) {
             char buffer[65536];
             ssize_t n = fds[i].revents ? read(fds[i].fd, buffer, sizeof buffer) : 1;
-            if (n <= 0) {
+            if (n <= 0)
                 pipes[i + 1].read.Reset();
-            } else if (fds[i].revents) {
+            else if (fds[i].revents)
                 sinks[i]->append(buffer, static_cast<std::size_t>(n));
-            }
         }
     }
     pipes[0].write.Reset();
@@ -119,9 +121,8 @@ inline ChildResult RunInChild(std::function<void()> const& body, std::string con
     if (pid < 0)
         throw std::runtime_error("fork failed");
     if (pid == 0) {
-        dup2(pipes[0].read.Get(), 0);
-        dup2(pipes[1].write.Get(), 1);
-        dup2(pipes[2].write.Get(), 2);
+        for (int fd : {0, 1, 2})
+            dup2(fd == 0 ? pipes[0].read.Get() : pipes[fd].write.Get(), fd);
         for (auto& pipe : pipes)
             pipe = Pipe{};  // else the child never sees its input end
         body();

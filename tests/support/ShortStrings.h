@@ -9,11 +9,11 @@
 namespace Tindra {
 namespace Testing {
 
-// Every string of up to four characters over lower, upper, digit, '-', '_', blank, a byte above
-// 0x7f and NUL: enough to tell a hand-written name matcher from the pattern it replaces.
+// Every string of up to four characters over lower, upper, digit, '-', '_', blank, line break, a
+// byte above 0x7f and NUL: enough to tell a hand-written name matcher from the pattern it replaces.
 inline std::vector<std::string> AllShortStrings() {
-    static char const alphabet[] = {'a', 'q', 'z', 'A', 'Q', 'Z',    '0',
-                                    '9', '-', '_', ' ', '.', '\x80', '\0'};
+    static char const alphabet[] = {'a', 'q', 'z', 'A', 'Q',  'Z',    '0', '9',
+                                    '-', '_', ' ', '.', '\n', '\x80', '\0'};
     std::vector<std::string> strings{std::string()};
     for (size_t begin = 0, length = 1; length <= 4; ++length) {
         size_t const end = strings.size();

@@ -9,8 +9,7 @@
 #include "tindra/metaobj/MetaInt.h"
 #include "tindra/metaobj/MetaList.h"
 
-namespace Tindra {
-namespace AutoCli {
+namespace Tindra::AutoCli {
 namespace {
 
 using CallSpec::Input;
@@ -117,5 +116,4 @@ TEST_F(CommandTest, HelpIsAnsweredWithoutRunningOrValidating) {
 }
 
 }  // namespace
-}  // namespace AutoCli
-}  // namespace Tindra
+}  // namespace Tindra::AutoCli

@@ -1,20 +1,48 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 
 #include "support/ThrownMessage.h"
 #include "support/tree/CerrCapture.h"
-#include "support/tree/FakePlugin.h"
 #include "support/tree/ScriptedCommand.h"
 #include "support/tree/TempDirectory.h"
+#include "tindra/autocli/plugins/InternalPlugin.h"
 #include "tindra/autocli/tree/Dispatcher.h"
 
-namespace Tindra {
-namespace AutoCli {
+namespace Tindra::AutoCli {
 namespace {
 
-using Testing::FakePlugin;
 using Names = std::vector<std::string>;
+
+// Writes its own name, so a test can see which formatter ran.
+struct NamedFormatter : Formatter {
+    explicit NamedFormatter(std::string const& name) : Formatter(name) {}
+    bool Format(std::shared_ptr<CallSpec::Output>, FormatParameters&, DisplayContext&,
+                std::ostream& out) override {
+        out << "formatted by " << GetName();
+        return false;
+    }
+};
+
+// A plug-in with its own name, formatters and registration; the built-in formatter look-up.
+class FakePlugin : public InternalPlugin {
+public:
+    using Registration = std::function<void(std::shared_ptr<Namespace>)>;
+    FakePlugin(
+        std::string name, Names const& formatterNames,
+        Registration registration = [](std::shared_ptr<Namespace>) {})
+        : name(std::move(name)), registration(std::move(registration)) {
+        for (auto const& formatterName : formatterNames)
+            GetFormatters().push_back(std::make_shared<NamedFormatter>(formatterName));
+    }
+    std::string const& GetName() const override { return name; }
+    void RegisterNamespaces(std::shared_ptr<Namespace> root) override { registration(root); }
+
+private:
+    std::string name;
+    Registration registration;
+};
 
 class DispatcherTest : public ::testing::Test {
 protected:
@@ -107,5 +135,4 @@ TEST_F(DispatcherTest, DirectoryScanLooksOnlyAtLowerCaseSoAndXmlFiles) {
 }
 
 }  // namespace
-}  // namespace AutoCli
-}  // namespace Tindra
+}  // namespace Tindra::AutoCli

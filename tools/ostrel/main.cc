@@ -17,6 +17,8 @@ bool SkipDefaultPlugins() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // The tool writes through the C++ streams only: their own buffers make large outputs cheap.
+    std::ios::sync_with_stdio(false);
     try {
         Tindra::AutoCli::CliDispatcher dispatcher;
         if (!SkipDefaultPlugins()) {

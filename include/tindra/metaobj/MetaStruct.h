@@ -1,9 +1,9 @@
 #ifndef TINDRA_METAOBJ_METASTRUCT_H
 #define TINDRA_METAOBJ_METASTRUCT_H
 
-#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tindra/metaobj/MetaBool.h"
@@ -48,6 +48,8 @@ public:
     std::string const& GetFieldDocumentation(std::string const& name) const;
     std::vector<std::string> GetFieldNames() const;
     size_t GetFieldCount() const { return fields.size(); }
+    // Room for this many fields: a hint for builders that know the count beforehand.
+    void ReserveFields(size_t count) { fields.reserve(count); }
     void RemoveField(std::string const& name);
     bool MatchesStructureDefinition();
 
@@ -95,7 +97,16 @@ public:
     static std::string const _docMissingStaticString;
 
 private:
-    std::map<std::string, Field> fields;
+    // Kept sorted by name: one block per structure instead of one node per field, and the
+    // order every reader sees.
+    using FieldEntry = std::pair<std::string, Field>;
+    using FieldEntries = std::vector<FieldEntry>;
+
+    FieldEntries::const_iterator FindField(std::string const& name) const;
+    FieldEntries::iterator FindField(std::string const& name);
+    void StoreField(std::string const& name, Field&& field);
+
+    FieldEntries fields;
     std::shared_ptr<MetaStruct> structureDefinition;
     std::string typeName;
     bool locked = false;

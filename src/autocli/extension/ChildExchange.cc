@@ -26,7 +26,7 @@ size_t const kReadChunk = 64 * 1024;
 class Exchange {
 public:
     Exchange(Platform::UniqueFd& toChild, Platform::UniqueFd& fromChild, std::string const& input,
-             std::string& output)
+             ChildOutputSink const& output)
         : toChild(toChild), fromChild(fromChild), input(input), output(output) {}
 
     void Run() {
@@ -105,20 +105,20 @@ private:
             fromChild.Close();
             return;
         }
-        output.append(buffer, static_cast<size_t>(count));
+        output(buffer, static_cast<size_t>(count));
     }
 
     Platform::UniqueFd& toChild;
     Platform::UniqueFd& fromChild;
     std::string const& input;
-    std::string& output;
+    ChildOutputSink const& output;
     size_t written = 0;
 };
 
 }  // namespace
 
 void ExchangeWithChild(Platform::UniqueFd& toChild, Platform::UniqueFd& fromChild,
-                       std::string const& input, std::string& output) {
+                       std::string const& input, ChildOutputSink const& output) {
     Platform::SigpipeGuard noSigpipe;
     Exchange(toChild, fromChild, input, output).Run();
 }

@@ -4,10 +4,10 @@
 
 #include <cstdlib>
 
-#include "autocli/extension/OutputDocumentReader.h"
+#include "autocli/extension/CommandOutputCollector.h"
+#include "autocli/extension/StreamingShellCmd.h"
 #include "autocli/extension/TemplateSubstitution.h"
 #include "tindra/TindraException.h"
-#include "tindra/autocli/extension/ShellCmd.h"
 
 namespace Tindra {
 namespace AutoCli {
@@ -17,27 +17,6 @@ namespace {
 // External programs answer in English unless the caller chose a language.
 char const* const kDefaultLanguage = "LANG=en_US.UTF-8 ";
 char const* const kUserContext = "user";
-std::string const kErrorLinePrefix = "ERROR:";
-
-// Leading "ERROR:" lines, each the rest of its line; they stop at the first other line.
-void AddErrorLines(std::string const& text, CallSpec::Output& output) {
-    size_t pos = 0;
-    while (text.compare(pos, kErrorLinePrefix.size(), kErrorLinePrefix) == 0) {
-        size_t start = pos + kErrorLinePrefix.size();
-        size_t newline = text.find('\n', start);
-        if (newline == std::string::npos) {
-            output.AddErrorMessage(text.substr(start));
-            return;
-        }
-        output.AddErrorMessage(text.substr(start, newline - start));
-        pos = newline + 1;
-    }
-}
-
-void ReportParseFailure(CallSpec::Output& output, TindraException const& error) {
-    output.AddErrorMessage(std::string("Unable to parse output of Extension Command: ") +
-                           error.what());
-}
 
 }  // namespace
 
@@ -77,37 +56,21 @@ void ExtensionCommand::ExecuteInternal(std::shared_ptr<CallSpec::Input> input,
         command = kDefaultLanguage + command;
     }
     std::string const stdinText = SubstituteInput(input, true);
-    std::string text;
+    CommandOutputCollector collected;
+    auto collect = [&collected](char const* data, size_t length) { collected.Add(data, length); };
     if (GetInputSpec()->IsContextSupported(kUserContext)) {
-        AutoCli_ShellCmdWithLumUsername(command, input->GetContext(kUserContext), text, stdinText);
+        StreamingShellCmdWithLumUsername(command, input->GetContext(kUserContext), collect,
+                                         stdinText);
     } else {
-        AutoCli_ShellCmd(command, text, stdinText);
+        StreamingShellCmd(command, collect, stdinText);
     }
-    if (text.empty()) {
+    if (collected.Empty()) {
         std::string message = "Got no data from process: " + command;
         syslog(LOG_ERR, "%s", message.c_str());
         output->AddErrorMessage(std::move(message));
         return;
     }
-    AddErrorLines(text, *output);
-    if (output->HasError()) {
-        return;
-    }
-    std::shared_ptr<MetaObj::MetaObject> value;
-    try {
-        value = XmlUtil_ParseXmlOutput(text);
-    } catch (TindraException const& error) {
-        ReportParseFailure(*output, error);
-        return;
-    }
-    if (!value) {
-        return;
-    }
-    try {
-        output->SetRootObject(value);
-    } catch (TindraException const& error) {
-        ReportParseFailure(*output, error);
-    }
+    collected.DeliverTo(*output);
 }
 
 }  // namespace AutoCli

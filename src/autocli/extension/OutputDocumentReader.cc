@@ -10,13 +10,26 @@
 namespace Tindra {
 namespace AutoCli {
 
-std::shared_ptr<MetaObj::MetaObject> XmlUtil_ParseXmlOutput(std::string const& text) {
+struct OutputDocumentStream::Reader {
+    Reader() : parser(builder) {}
     OutputValueBuilder builder;
-    SaxDocumentParser parser(builder);
+    SaxDocumentParser parser;
+};
+
+OutputDocumentStream::OutputDocumentStream() : reader(std::make_unique<Reader>()) {}
+
+OutputDocumentStream::~OutputDocumentStream() = default;
+
+void OutputDocumentStream::Feed(char const* data, size_t length) {
+    reader->parser.Feed(data, length);
+}
+
+std::shared_ptr<MetaObj::MetaObject> OutputDocumentStream::Finish() {
     // A document that is not well-formed yields nothing, whatever was found before the fault.
-    if (!parser.Parse(text)) {
+    if (!reader->parser.Finish()) {
         return nullptr;
     }
+    OutputValueBuilder const& builder = reader->builder;
     if (!builder.SawRootElement()) {
         throw TindraException(NoRootElementMessage());
     }
@@ -24,6 +37,12 @@ std::shared_ptr<MetaObj::MetaObject> XmlUtil_ParseXmlOutput(std::string const& t
         throw TindraException(OutputBuildErrorMessage(builder.Error().c_str()));
     }
     return builder.Value();
+}
+
+std::shared_ptr<MetaObj::MetaObject> XmlUtil_ParseXmlOutput(std::string const& text) {
+    OutputDocumentStream stream;
+    stream.Feed(text.data(), text.size());
+    return stream.Finish();
 }
 
 }  // namespace AutoCli

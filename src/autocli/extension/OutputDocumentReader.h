@@ -3,6 +3,7 @@
 
 // Internal: the reader of command output documents, without any parser types.
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -10,6 +11,23 @@
 
 namespace Tindra {
 namespace AutoCli {
+
+// Reads a command output document piece by piece as the command writes it: Finish gives what
+// XmlUtil_ParseXmlOutput gives for the whole text.
+class OutputDocumentStream {
+public:
+    OutputDocumentStream();
+    ~OutputDocumentStream();
+    OutputDocumentStream(OutputDocumentStream const&) = delete;
+    OutputDocumentStream& operator=(OutputDocumentStream const&) = delete;
+
+    void Feed(char const* data, size_t length);
+    std::shared_ptr<MetaObj::MetaObject> Finish();
+
+private:
+    struct Reader;
+    std::unique_ptr<Reader> reader;
+};
 
 // Reads a whole command output document. Returns an empty pointer when the text is not
 // well-formed XML or its root element holds no value; throws TindraException when the value

@@ -10,7 +10,6 @@ namespace AutoCli {
 namespace {
 
 // The tree's names for nodes that are not elements.
-char const* const kTextName = "text";
 char const* const kCommentName = "comment";
 char const* const kCdataName = "";
 
@@ -98,9 +97,12 @@ void OutputValueBuilder::AddContent(LastChild kind, char const* text, size_t len
     if (continues) {
         return;
     }
-    char const* name = kind == LastChild::Text    ? kTextName
-                       : kind == LastChild::Cdata ? kCdataName
-                                                  : kCommentName;
+    if (kind == LastChild::Text) {
+        // A text node is passed over by every frame but a scalar's; this is the commonest node.
+        top.lastChild = kind;
+        return;
+    }
+    char const* name = kind == LastChild::Cdata ? kCdataName : kCommentName;
     OpenChild(name, NoAttributes(), false);
     if (!frames.empty()) {
         frames.back().lastChild = kind;
@@ -154,6 +156,7 @@ void OutputValueBuilder::StartValue(char const* name, AttributeSource const& att
     } else if (tag == ValueTag::Structure) {
         Frame frame(Role::Structure);
         frame.structure = MetaObj::MetaStruct::New(attributes.Get("typeName"));
+        ReserveLikeSiblings(*frame.structure);
         frames.push_back(std::move(frame));
     } else {
         frames.emplace_back(Role::Scalar);
@@ -161,6 +164,16 @@ void OutputValueBuilder::StartValue(char const* name, AttributeSource const& att
     }
     if (!isElement) {
         CloseTop();  // nodes other than elements have no children
+    }
+}
+
+// Items of a list of structures have the fields of its first item.
+void OutputValueBuilder::ReserveLikeSiblings(MetaObj::MetaStruct& structure) const {
+    Frame const& parent = frames.back();
+    if (parent.role == Role::List && parent.list) {
+        if (auto const& prototype = parent.list->GetListStructure()) {
+            structure.ReserveFields(prototype->GetFieldCount());
+        }
     }
 }
 

@@ -56,6 +56,7 @@ private:
     void OpenChild(char const* name, AttributeSource const& attributes, bool isElement);
     void StartValue(char const* name, AttributeSource const& attributes, bool isElement);
     void StartField(AttributeSource const& attributes, bool isElement);
+    void ReserveLikeSiblings(MetaObj::MetaStruct& structure) const;
     void CloseTop();
     void Deliver(std::shared_ptr<MetaObj::MetaObject> item);
     void AddContent(LastChild kind, char const* text, size_t length);

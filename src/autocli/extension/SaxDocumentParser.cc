@@ -3,6 +3,7 @@
 #include <libxml/SAX2.h>
 #include <libxml/parserInternals.h>
 
+#include <algorithm>
 #include <climits>
 #include <memory>
 
@@ -15,6 +16,8 @@ namespace {
 
 // The name libxml2 gives a document read from a command's standard output.
 char const* const kDocumentName = "STDOUT";
+// How much text the parser is handed at once.
+size_t const kSliceLength = 64 * 1024;
 
 char const* Text(xmlChar const* text) {
     return reinterpret_cast<char const*>(text);
@@ -29,15 +32,48 @@ void SaxDocumentParser::ContextDeleter::operator()(xmlParserCtxt* parserContext)
     xmlFreeParserCtxt(parserContext);
 }
 
-bool SaxDocumentParser::Parse(std::string const& text) {
-    // The tree reader takes a positive int length and rejects the rest the same way.
-    if (text.empty() || text.size() > static_cast<size_t>(INT_MAX)) {
-        return false;
+void SaxDocumentParser::Feed(char const* data, size_t length) {
+    if (length == 0 || abandoned) {
+        return;
     }
-    // The same input as the tree reader's: a copy that the parser reads at its own pace.
-    std::unique_ptr<xmlParserCtxt, ContextDeleter> owner(
-        xmlCreateMemoryParserCtxt(text.data(), static_cast<int>(text.size())));
+    fedLength += length;
+    // The tree reader takes a positive int length and refuses longer texts the same way.
+    if (fedLength > static_cast<size_t>(INT_MAX)) {
+        Abandon();
+        return;
+    }
+    if (!owner && !Start()) {
+        return;
+    }
+    if (!sinkFailure) {
+        PushChunks(data, length);
+    }
+}
+
+bool SaxDocumentParser::Finish() {
     if (!owner) {
+        return false;  // nothing fed, or abandoned
+    }
+    if (!sinkFailure) {
+        xmlParseChunk(context, nullptr, 0, 1);
+    }
+    bool wellFormed = context->wellFormed != 0;
+    if (wellFormed && !sinkFailure) {
+        Guarded([&] { sink.DocumentEnd(); });
+    }
+    owner.reset();
+    context = nullptr;
+    if (sinkFailure) {
+        std::rethrow_exception(sinkFailure);
+    }
+    return wellFormed;
+}
+
+bool SaxDocumentParser::Start() {
+    // A push parser given no bytes yet: it detects the encoding from the first ones it gets.
+    owner.reset(xmlCreatePushParserCtxt(nullptr, nullptr, nullptr, 0, nullptr));
+    if (!owner) {
+        Abandon();
         return false;
     }
     context = owner.get();
@@ -49,18 +85,25 @@ bool SaxDocumentParser::Parse(std::string const& text) {
     InstallHandlers(*context->sax);
     context->_private = this;
     textNodeLength = 0;
-    sinkFailure = nullptr;
+    openElements = 0;
+    return true;
+}
 
-    xmlParseDocument(context);
-    bool wellFormed = context->wellFormed != 0;
-    if (wellFormed && !sinkFailure) {
-        Guarded([&] { sink.DocumentEnd(); });
-    }
+// The rest of the text is passed over and the text counts as not well-formed.
+void SaxDocumentParser::Abandon() {
+    abandoned = true;
+    owner.reset();
     context = nullptr;
-    if (sinkFailure) {
-        std::rethrow_exception(sinkFailure);
+}
+
+// The parser copies what it is given before it parses: small slices keep that copy small.
+void SaxDocumentParser::PushChunks(char const* data, size_t length) {
+    while (length > 0 && !sinkFailure) {
+        size_t const slice = std::min(length, kSliceLength);
+        xmlParseChunk(context, data, static_cast<int>(slice), 0);
+        data += slice;
+        length -= slice;
     }
-    return wellFormed;
 }
 
 // Everything about the document type declaration keeps the default handlers, so entities and
@@ -111,6 +154,11 @@ void SaxDocumentParser::OnStartElement(void* parserContext, xmlChar const* local
                               attributeCount, defaultedCount, attributes);
         return;
     }
+    if (self->openElements > xmlParserMaxDepth) {
+        self->RefuseAsTooDeep();
+        return;
+    }
+    ++self->openElements;
     self->Guarded([&] { self->StartElement(localName, prefix, uri, attributeCount, attributes); });
 }
 
@@ -137,6 +185,7 @@ void SaxDocumentParser::OnEndElement(void* parserContext, xmlChar const* localNa
         return;
     }
     self->textNodeLength = 0;
+    --self->openElements;
     self->Guarded([&] { self->sink.ElementEnd(); });
 }
 
@@ -207,6 +256,13 @@ void SaxDocumentParser::StopAsTreeBuilderDoes() {
     context->errNo = XML_ERR_NO_MEMORY;
     context->instate = XML_PARSER_EOF;
     context->disableSAX = 1;
+}
+
+// Reading the whole text at once, the parser refuses an element nested deeper than its limit,
+// and the document with it; reading piece by piece it does not check.
+void SaxDocumentParser::RefuseAsTooDeep() {
+    xmlStopParser(context);
+    context->wellFormed = 0;
 }
 
 // Diagnostics are dropped: a malformed document is the caller's to report, not the parser's.

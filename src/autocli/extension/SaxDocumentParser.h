@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <memory>
 #include <string>
 
 #include "autocli/extension/NodeEventSink.h"
@@ -12,19 +13,23 @@
 namespace Tindra {
 namespace AutoCli {
 
-// Parses a document from memory exactly as the tree reader does (same input, same options,
-// same well-formedness verdict), but hands the nodes to a sink instead of building them, so
-// no tree is ever built. Where the tree builder itself stops early (a text node over the
-// parser's size limit) the nodes end at the same point. Diagnostics are not printed.
+// Parses a document exactly as the tree reader parses the same text (same options, same
+// well-formedness verdict), but hands the nodes to a sink instead of building them, so no tree
+// is ever built, and takes the text piece by piece as it arrives, so the whole text need not be
+// held either. Where the tree builder itself stops early (a text node over the parser's size
+// limit) the nodes end there too, the text cut where the parser's pieces of it end. Diagnostics
+// are not printed.
 class SaxDocumentParser {
 public:
     explicit SaxDocumentParser(NodeEventSink& sink) : sink(sink) {}
     SaxDocumentParser(SaxDocumentParser const&) = delete;
     SaxDocumentParser& operator=(SaxDocumentParser const&) = delete;
 
-    // True when the text is a well-formed document. An exception thrown by the sink stops the
-    // parse and leaves this call.
-    bool Parse(std::string const& text);
+    // The next piece of the text. Never throws: after a fault the rest is passed over.
+    void Feed(char const* data, size_t length);
+    // True when the text fed was a well-formed document. An exception thrown by the sink on
+    // the way is thrown here.
+    bool Finish();
 
 private:
     struct ContextDeleter {
@@ -44,16 +49,24 @@ private:
     static void OnReference(void* context, xmlChar const* name);
     static void OnError(void* context, xmlError* error);
 
+    bool Start();
+    void Abandon();
+    void PushChunks(char const* data, size_t length);
     void InstallHandlers(xmlSAXHandler& handler);
     void StartElement(xmlChar const* localName, xmlChar const* prefix, xmlChar const* uri,
                       int attributeCount, xmlChar const** attributes);
     void AddCharacters(xmlChar const* text, int length);
     void StopAsTreeBuilderDoes();
+    void RefuseAsTooDeep();
     template <typename Action>
     void Guarded(Action action);
 
     NodeEventSink& sink;
+    std::unique_ptr<xmlParserCtxt, ContextDeleter> owner;
     xmlParserCtxt* context = nullptr;
+    size_t fedLength = 0;
+    unsigned openElements = 0;
+    bool abandoned = false;     // too long to read, or no parser to read it
     size_t textNodeLength = 0;  // of the text node being reported, 0 between text nodes
     std::exception_ptr sinkFailure;
 };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "autocli/extension/ChildExchange.h"
+#include "autocli/extension/StreamingShellCmd.h"
 #include "platform/ChildProcess.h"
 #include "platform/ErrnoText.h"
 #include "platform/Fd.h"
@@ -36,9 +37,14 @@ std::string QuoteForSingleQuotes(std::string name) {
     return name;
 }
 
+ChildOutputSink AppendTo(std::string& output) {
+    return [&output](char const* data, size_t length) { output.append(data, length); };
+}
+
 }  // namespace
 
-int AutoCli_ShellCmd(std::string const& command, std::string& output, std::string const& input) {
+int StreamingShellCmd(std::string const& command, ChildOutputSink const& output,
+                      std::string const& input) {
     Platform::UniqueFd inputRead, inputWrite, outputRead, outputWrite;
     if (int error = Platform::CreatePipe(inputRead, inputWrite)) {
         throw TindraException("Can't create input pipe: " + Platform::ErrnoText(error));
@@ -65,13 +71,22 @@ int AutoCli_ShellCmd(std::string const& command, std::string& output, std::strin
     return status;
 }
 
-int AutoCli_ShellCmdWithLumUsername(std::string const& command, std::string const& userName,
-                                    std::string& output, std::string const& input) {
+int StreamingShellCmdWithLumUsername(std::string const& command, std::string const& userName,
+                                     ChildOutputSink const& output, std::string const& input) {
     if (userName.empty()) {
-        return AutoCli_ShellCmd(command, output, input);
+        return StreamingShellCmd(command, output, input);
     }
     std::string withUser = "LUM_USERNAME='" + QuoteForSingleQuotes(userName) + "' " + command;
-    return AutoCli_ShellCmd(withUser, output, input);
+    return StreamingShellCmd(withUser, output, input);
+}
+
+int AutoCli_ShellCmd(std::string const& command, std::string& output, std::string const& input) {
+    return StreamingShellCmd(command, AppendTo(output), input);
+}
+
+int AutoCli_ShellCmdWithLumUsername(std::string const& command, std::string const& userName,
+                                    std::string& output, std::string const& input) {
+    return StreamingShellCmdWithLumUsername(command, userName, AppendTo(output), input);
 }
 
 }  // namespace AutoCli
