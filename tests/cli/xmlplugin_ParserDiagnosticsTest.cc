@@ -19,7 +19,7 @@ TEST(ParserDiagnosticsTest, AreReportedForBrokenAndForLoadingDescriptors) {
         files.Write("b-warned.xml", Descriptor("<namespaces>" + NamespaceElement("demo", "Demo") +
                                                "</namespaces><commands p:x=\"1\">" +
                                                command.Element() + "</commands>"));
-    auto const run = CliTest::Ostrel(CliTest::List({"--plugin-dir", files.Directory()}));
+    auto const run = CliTest::Ostrel(CliTest::List({"--plugin-dir", files.path}));
     EXPECT_EQ(0, run.status);
     EXPECT_NE(std::string::npos, run.out.find("demo            run      Runs\n")) << run.out;
     // Each in this order, the parser's own words first.

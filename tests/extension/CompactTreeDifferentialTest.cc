@@ -69,7 +69,9 @@ std::string TreeCopy(std::string const& text) {
 std::string CompactCopy(std::string const& text) {
     CompactTree tree;
     CompactTreeBuilder builder(tree);
-    if (!SaxDocumentParser(builder).Parse(text)) {
+    SaxDocumentParser parser(builder);
+    parser.Feed(text.data(), text.size());
+    if (!parser.Finish()) {
         return kNotWellFormed;
     }
     return builder.IsFaithful() ? Describe(tree.Root()) : "unfaithful";

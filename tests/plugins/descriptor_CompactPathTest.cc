@@ -112,8 +112,8 @@ TEST(DescriptorCompactPathTest, OnlyPlainSilentFilesAreCopied) {
             << content;
     }
     CompactTree tree;
-    EXPECT_FALSE(ReadCompactDescriptor(files.Directory() + "/missing.xml", tree));
-    EXPECT_FALSE(ReadCompactDescriptor(files.Directory(), tree));
+    EXPECT_FALSE(ReadCompactDescriptor(files.path + "/missing.xml", tree));
+    EXPECT_FALSE(ReadCompactDescriptor(files.path, tree));
 }
 
 TEST(DescriptorCompactPathTest, TheTreeReaderGivesTheSame) {

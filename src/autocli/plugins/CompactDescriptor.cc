@@ -22,7 +22,8 @@ bool CopiesFaithfully(std::string const& text, CompactTree& tree) {
     CompactTreeBuilder builder(tree);
     SaxDocumentParser parser(builder);
     xmlResetLastError();
-    bool const wellFormed = parser.Parse(text);
+    parser.Feed(text.data(), text.size());
+    bool const wellFormed = parser.Finish();
     xmlError const* diagnostic = xmlGetLastError();
     bool const silent = diagnostic == nullptr || diagnostic->code == XML_ERR_OK;
     return wellFormed && silent && builder.IsFaithful() && tree.Root() != nullptr;
