@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tindra/callspec/Output.h"
@@ -42,6 +43,7 @@ public:
     void SetShortName(std::string const& value);
     void SetShortName(char const* value);
     void SetDescription(std::string const& text) { description = text; }
+    void SetDescription(std::string&& text) { description = std::move(text); }
     void SetDescription(char const* text) { description = text; }
     void SetRequired(bool value) { required = value; }
     void SetSecret(bool value);

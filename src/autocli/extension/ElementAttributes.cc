@@ -25,17 +25,16 @@ char const* Text(xmlChar const* text) {
     return reinterpret_cast<char const*>(text);
 }
 
-// The tree keeps an unbound prefix as part of the attribute's name.
-bool HasTreeName(xmlChar const* const* attribute, char const* name) {
-    xmlChar const* localName = attribute[0];
-    xmlChar const* prefix = attribute[1];
-    xmlChar const* uri = attribute[2];
-    if (prefix == nullptr || uri != nullptr) {
-        return std::strcmp(Text(localName), name) == 0;
-    }
-    size_t prefixLength = std::strlen(Text(prefix));
-    return std::strncmp(Text(prefix), name, prefixLength) == 0 && name[prefixLength] == ':' &&
-           std::strcmp(Text(localName), name + prefixLength + 1) == 0;
+xmlChar const* LocalNameOf(xmlChar const** attributes, int index) {
+    return attributes[index * kFieldsPerAttribute];
+}
+
+xmlChar const* PrefixOf(xmlChar const** attributes, int index) {
+    return attributes[index * kFieldsPerAttribute + 1];
+}
+
+xmlChar const* UriOf(xmlChar const** attributes, int index) {
+    return attributes[index * kFieldsPerAttribute + 2];
 }
 
 xmlChar const* ValueOf(xmlChar const** attributes, int index) {
@@ -61,26 +60,55 @@ ElementAttributes::ElementAttributes(xmlParserCtxt* context, char const* element
         if (IsCopied(attributes, i)) {
             expanded.emplace_back(i, ExpandReferences(i));
         }
+        // The tree keeps an unbound prefix as part of the attribute's name.
+        if (PrefixOf(attributes, i) != nullptr && UriOf(attributes, i) == nullptr) {
+            qualified.emplace_back(i, std::string(Text(PrefixOf(attributes, i))) + ":" +
+                                          Text(LocalNameOf(attributes, i)));
+        }
     }
 }
 
 std::string ElementAttributes::Get(char const* name) const {
     for (int i = 0; i < count; ++i) {
-        if (HasTreeName(attributes + i * kFieldsPerAttribute, name)) {
-            return Value(i);
+        if (HasTreeName(i, name)) {
+            return std::string(Value(i));
         }
     }
     return DeclaredDefault(name);
 }
 
-std::string ElementAttributes::Value(int index) const {
+WrittenAttribute ElementAttributes::Written(int index) const {
+    return {TreeName(index), Value(index), UriOf(attributes, index) != nullptr};
+}
+
+bool ElementAttributes::MayAddDeclaredDefaults() const {
+    return context->myDoc != nullptr && context->myDoc->intSubset != nullptr;
+}
+
+bool ElementAttributes::HasTreeName(int index, char const* name) const {
+    if (qualified.empty()) {  // the usual tag: every attribute is known by its local name
+        return std::strcmp(Text(LocalNameOf(attributes, index)), name) == 0;
+    }
+    return TreeName(index) == name;
+}
+
+std::string_view ElementAttributes::TreeName(int index) const {
+    for (auto const& entry : qualified) {
+        if (entry.first == index) {
+            return entry.second;
+        }
+    }
+    return Text(LocalNameOf(attributes, index));
+}
+
+std::string_view ElementAttributes::Value(int index) const {
     for (auto const& entry : expanded) {
         if (entry.first == index) {
             return entry.second;
         }
     }
     xmlChar const* value = ValueOf(attributes, index);
-    return std::string(Text(value), static_cast<size_t>(EndOf(attributes, index) - value));
+    return std::string_view(Text(value), static_cast<size_t>(EndOf(attributes, index) - value));
 }
 
 std::string ElementAttributes::ExpandReferences(int index) const {
@@ -101,10 +129,10 @@ std::string ElementAttributes::ExpandReferences(int index) const {
 }
 
 std::string ElementAttributes::DeclaredDefault(char const* name) const {
-    xmlDoc* document = context->myDoc;
-    if (document == nullptr || document->intSubset == nullptr) {
+    if (!MayAddDeclaredDefaults()) {
         return std::string();
     }
+    xmlDoc* document = context->myDoc;
     auto const* element = reinterpret_cast<xmlChar const*>(elementName);
     auto const* attribute = reinterpret_cast<xmlChar const*>(name);
     xmlAttribute* declaration = xmlGetDtdAttrDesc(document->intSubset, element, attribute);

@@ -4,6 +4,7 @@
 #include <libxml/parser.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,9 +24,14 @@ public:
                       xmlChar const** attributes);
 
     std::string Get(char const* name) const override;
+    int WrittenCount() const override { return count; }
+    WrittenAttribute Written(int index) const override;
+    bool MayAddDeclaredDefaults() const override;
 
 private:
-    std::string Value(int index) const;
+    bool HasTreeName(int index, char const* name) const;
+    std::string_view TreeName(int index) const;
+    std::string_view Value(int index) const;
     std::string ExpandReferences(int index) const;
     std::string DeclaredDefault(char const* name) const;
 
@@ -34,12 +40,16 @@ private:
     int count;
     xmlChar const** attributes;
     std::vector<std::pair<int, std::string>> expanded;
+    std::vector<std::pair<int, std::string>> qualified;  // names with an unbound prefix
 };
 
 // For nodes that cannot carry attributes.
 class NoAttributes : public AttributeSource {
 public:
     std::string Get(char const*) const override { return std::string(); }
+    int WrittenCount() const override { return 0; }
+    WrittenAttribute Written(int) const override { return {}; }
+    bool MayAddDeclaredDefaults() const override { return false; }
 };
 
 }  // namespace AutoCli

@@ -3,9 +3,17 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace Tindra {
 namespace AutoCli {
+
+// One attribute as a start tag carries it, named and valued as the element tree has it.
+struct WrittenAttribute {
+    std::string_view name;
+    std::string_view value;
+    bool namespaced;  // bound to a namespace URI; the tree then knows it by its local name
+};
 
 // The attributes of the node being started, read as an element tree would give them.
 class AttributeSource {
@@ -13,6 +21,13 @@ public:
     virtual ~AttributeSource() = default;
     // The attribute's value; "" when it is missing.
     virtual std::string Get(char const* name) const = 0;
+    // The attributes the tag carries, in document order (index 0 to WrittenCount() - 1). The
+    // views last as long as this source.
+    virtual int WrittenCount() const = 0;
+    virtual WrittenAttribute Written(int index) const = 0;
+    // Whether Get may also answer with a default from a document type declaration, which is
+    // not among the written attributes.
+    virtual bool MayAddDeclaredDefaults() const = 0;
 };
 
 // Nodes of the document in document order, shaped as the element tree has them: consecutive

@@ -7,8 +7,9 @@ namespace AutoCli {
 
 namespace {
 
-xmlNode* FirstValueChild(xmlNode* node) {
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Node>
+Node* FirstValueChild(Node* node) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!IsSkippedChildName(GrammarNodeName(child))) {
             return child;
         }
@@ -16,10 +17,11 @@ xmlNode* FirstValueChild(xmlNode* node) {
     return nullptr;
 }
 
-void AddField(MetaObj::MetaStruct& structure, xmlNode* field) {
+template <typename Node>
+void AddField(MetaObj::MetaStruct& structure, Node* field) {
     std::string name = XmlUtil_ExtractAttribute(field, "name");
     CheckFieldName(name);
-    xmlNode* valueNode = FirstValueChild(field);
+    Node* valueNode = FirstValueChild(field);
     if (valueNode != nullptr) {
         structure.SetField(name, XmlUtil_BuildMetaObject(valueNode),
                            MetaObj::MetaStruct::_docEmpty);
@@ -28,7 +30,8 @@ void AddField(MetaObj::MetaStruct& structure, xmlNode* field) {
 
 }  // namespace
 
-std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(Node* node) {
     ValueTag tag = ClassifyValueTag(GrammarNodeName(node));
     switch (tag) {
         case ValueTag::List:
@@ -40,9 +43,10 @@ std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node) {
     }
 }
 
-std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(Node* node) {
     auto structure = MetaObj::MetaStruct::New(XmlUtil_ExtractAttribute(node, "typeName"));
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsFieldName(GrammarNodeName(child))) {
             AddField(*structure, child);
         }
@@ -50,23 +54,32 @@ std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node) {
     return structure;
 }
 
-std::shared_ptr<MetaObj::MetaList> BuildMetaList(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<MetaObj::MetaList> BuildMetaList(Node* node) {
     MetaObj::MetaType itemType = ListItemTypeFromAttribute(XmlUtil_ExtractAttribute(node, "type"));
     std::shared_ptr<MetaObj::MetaObject> prototype;
     if (IsCompoundItemType(itemType)) {
-        xmlNode* first = FirstValueChild(node);
+        Node* first = FirstValueChild(node);
         if (first != nullptr) {
             prototype = XmlUtil_BuildMetaObject(first);
         }
     }
     auto list = MakeValueList(itemType, prototype);
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!IsSkippedChildName(GrammarNodeName(child))) {
             list->Add(XmlUtil_BuildMetaObject(child));
         }
     }
     return list;
 }
+
+// The builders for the parser's tree and for its compact copy.
+template std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node);
+template std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node);
+template std::shared_ptr<MetaObj::MetaList> BuildMetaList(xmlNode* node);
+template std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(CompactNode const* node);
+template std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(CompactNode const* node);
+template std::shared_ptr<MetaObj::MetaList> BuildMetaList(CompactNode const* node);
 
 }  // namespace AutoCli
 }  // namespace Tindra

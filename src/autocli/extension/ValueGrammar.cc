@@ -64,6 +64,10 @@ bool CarriesContent(xmlNode const* node) {
            node->type == XML_COMMENT_NODE;
 }
 
+char const* ContentOf(xmlNode const* node) {
+    return CarriesContent(node) ? reinterpret_cast<char const*>(node->content) : nullptr;
+}
+
 ValueTag ClassifyValueTag(char const* name) {
     // Tested in the order text, comment, list, structure, int, bool, string; the first letter
     // tells which of them can match.

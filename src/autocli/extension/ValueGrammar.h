@@ -32,6 +32,9 @@ bool IsSkippedChildName(char const* name);
 // Text, CDATA and comment nodes carry the text of their parent element.
 bool CarriesContent(xmlNode const* node);
 
+// The text a text, CDATA or comment node holds; nullptr for other nodes or when it has none.
+char const* ContentOf(xmlNode const* node);
+
 // Which value a node of that name denotes; throws for text, comment and unknown tags.
 ValueTag ClassifyValueTag(char const* name);
 

@@ -16,8 +16,10 @@ struct XmlCharDeleter {
 };
 using XmlString = std::unique_ptr<xmlChar, XmlCharDeleter>;
 
-bool HasName(xmlNode const* node, char const* tag) {
-    return std::strcmp(GrammarNodeName(node), tag) == 0;
+template <typename Node>
+bool HasName(Node const* node, char const* tag) {
+    char const* name = GrammarNodeName(node);
+    return name[0] == tag[0] && std::strcmp(name, tag) == 0;  // most names differ at once
 }
 
 xmlAttr const* FindAttribute(xmlNode const* node, char const* name) {
@@ -68,19 +70,21 @@ std::string XmlUtil_ExtractAttribute(xmlNode* node, std::string const& name) {
     return XmlUtil_ExtractAttribute(node, name.c_str());
 }
 
-std::string XmlUtil_GetContent(xmlNode* node) {
+template <typename Node>
+std::string XmlUtil_GetContent(Node* node) {
     char const* content = "";
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
-        if (CarriesContent(child) && child->content != nullptr) {
-            content = reinterpret_cast<char const*>(child->content);
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        if (char const* text = ContentOf(child)) {
+            content = text;
         }
     }
     return std::string(content);
 }
 
-std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag) {
+template <typename Node>
+std::string XmlUtil_GetContentForChildByTag(Node* node, char const* tag) {
     std::string found;
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasName(child, tag)) {
             continue;
         }
@@ -93,13 +97,15 @@ std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag) {
     return found;
 }
 
-std::string XmlUtil_GetContentForChildByTag(xmlNode* node, std::string const& tag) {
+template <typename Node>
+std::string XmlUtil_GetContentForChildByTag(Node* node, std::string const& tag) {
     return XmlUtil_GetContentForChildByTag(node, tag.c_str());
 }
 
-xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag) {
-    xmlNode* found = nullptr;
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Node>
+Node* XmlUtil_FindChildNode(Node* node, char const* tag) {
+    Node* found = nullptr;
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasName(child, tag)) {
             continue;
         }
@@ -112,9 +118,23 @@ xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag) {
     return found;
 }
 
-xmlNode* XmlUtil_FindChildNode(xmlNode* node, std::string const& tag) {
+template <typename Node>
+Node* XmlUtil_FindChildNode(Node* node, std::string const& tag) {
     return XmlUtil_FindChildNode(node, tag.c_str());
 }
+
+// The readers for the parser's tree and for its compact copy.
+template std::string XmlUtil_GetContent(xmlNode* node);
+template std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag);
+template std::string XmlUtil_GetContentForChildByTag(xmlNode* node, std::string const& tag);
+template xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag);
+template xmlNode* XmlUtil_FindChildNode(xmlNode* node, std::string const& tag);
+template std::string XmlUtil_GetContent(CompactNode const* node);
+template std::string XmlUtil_GetContentForChildByTag(CompactNode const* node, char const* tag);
+template std::string XmlUtil_GetContentForChildByTag(CompactNode const* node,
+                                                     std::string const& tag);
+template CompactNode const* XmlUtil_FindChildNode(CompactNode const* node, char const* tag);
+template CompactNode const* XmlUtil_FindChildNode(CompactNode const* node, std::string const& tag);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -22,11 +22,12 @@ void AddExampleFromMetaData(std::string const& name, ExtensionCommand& command) 
     }
 }
 
-void ExtractMetaDataEntry(xmlNode* entry, ExtensionCommand& command) {
+template <typename Node>
+void ExtractMetaDataEntry(Node* entry, ExtensionCommand& command) {
     std::string name;
     // Each piece of content sets the field again, so the last piece wins; an empty entry
     // sets nothing and its name is not looked at.
-    for (xmlNode* piece = FirstChildOf(entry); piece != nullptr; piece = piece->next) {
+    for (Node* piece = FirstChildOf(entry); piece != nullptr; piece = piece->next) {
         if (!CarriesContent(piece)) {
             continue;
         }
@@ -44,8 +45,9 @@ void ExtractMetaDataEntry(xmlNode* entry, ExtensionCommand& command) {
 
 }  // namespace
 
-void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Node>
+void ExtractMetaData(Node* node, std::shared_ptr<ExtensionCommand> command) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsSkippedChildName(GrammarNodeName(child))) {
             continue;
         }
@@ -59,9 +61,10 @@ void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
     }
 }
 
-void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
+template <typename Node>
+void ExtractFormatParams(Node* node, std::shared_ptr<ExtensionCommand> command) {
     bool formatterSeen = false;
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, "formatter")) {
             if (formatterSeen) {
                 throw TindraException("Invalid plugin format.  Duplicate <formatter> tags found");
@@ -75,10 +78,11 @@ void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> comman
     }
 }
 
-std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<OutputSpec> ExtractOutputSpec(Node* node) {
     std::shared_ptr<OutputSpec> spec = OutputSpec::New();
     bool found = false;
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsSkippedChildName(GrammarNodeName(child))) {
             continue;
         }
@@ -98,6 +102,15 @@ std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node) {
     }
     return spec;
 }
+
+// The readers for the parser's tree and for its compact copy.
+template void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command);
+template void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command);
+template std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node);
+template void ExtractMetaData(CompactNode const* node, std::shared_ptr<ExtensionCommand> command);
+template void ExtractFormatParams(CompactNode const* node,
+                                  std::shared_ptr<ExtensionCommand> command);
+template std::shared_ptr<OutputSpec> ExtractOutputSpec(CompactNode const* node);
 
 }  // namespace AutoCli
 }  // namespace Tindra

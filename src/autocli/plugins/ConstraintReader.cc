@@ -54,7 +54,8 @@ std::shared_ptr<ParameterConstraint> MakeEnumConstraint(ParameterConstraintType 
     return constraint;
 }
 
-std::shared_ptr<ParameterConstraint> MakeRegexConstraint(xmlNode* child) {
+template <typename Node>
+std::shared_ptr<ParameterConstraint> MakeRegexConstraint(Node* child) {
     std::shared_ptr<ParameterConstraint> constraint =
         ParameterConstraint::New(CallSpec::ConstraintRegex);
     std::string const expression = XmlUtil_GetContent(child);
@@ -66,7 +67,8 @@ std::shared_ptr<ParameterConstraint> MakeRegexConstraint(xmlNode* child) {
     return constraint;
 }
 
-std::shared_ptr<ParameterConstraint> MakeRangeConstraint(xmlNode* child) {
+template <typename Node>
+std::shared_ptr<ParameterConstraint> MakeRangeConstraint(Node* child) {
     std::shared_ptr<ParameterConstraint> constraint =
         ParameterConstraint::New(CallSpec::ConstraintIntRange);
     long minimum = 0;
@@ -83,7 +85,8 @@ std::shared_ptr<ParameterConstraint> MakeRangeConstraint(xmlNode* child) {
 
 }  // namespace
 
-std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<ParameterConstraint> ExtractParamConstraint(Node* node) {
     std::string const keyword = XmlUtil_ExtractAttribute(node, "type");
     ConstraintKind kind;
     if (!ConstraintKindFromKeyword(keyword, kind)) {
@@ -96,7 +99,7 @@ std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node) {
     // stays set once any of them held data.
     std::shared_ptr<ParameterConstraint> constraint;
     bool found = false;
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasTag(child, kind.childTag)) {
             continue;
         }
@@ -120,9 +123,10 @@ std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node) {
     return constraint;
 }
 
-Enumeration ExtractEnum(xmlNode* node) {
+template <typename Node>
+Enumeration ExtractEnum(Node* node) {
     Enumeration values;
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsSkippedChildName(GrammarNodeName(child))) {
             continue;
         }
@@ -132,7 +136,7 @@ Enumeration ExtractEnum(xmlNode* node) {
                 GrammarNodeName(child));
         }
         // One pair per piece of content, so an empty element counts for nothing.
-        for (xmlNode* piece = FirstChildOf(child); piece != nullptr; piece = piece->next) {
+        for (Node* piece = FirstChildOf(child); piece != nullptr; piece = piece->next) {
             if (!CarriesContent(piece)) {
                 continue;
             }
@@ -146,6 +150,12 @@ Enumeration ExtractEnum(xmlNode* node) {
     }
     return values;
 }
+
+// The readers for the parser's tree and for its compact copy.
+template std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node);
+template Enumeration ExtractEnum(xmlNode* node);
+template std::shared_ptr<ParameterConstraint> ExtractParamConstraint(CompactNode const* node);
+template Enumeration ExtractEnum(CompactNode const* node);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -6,11 +6,14 @@
 
 #include <libxml/tree.h>
 
+#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "autocli/extension/CompactNode.h"
+#include "autocli/extension/ValueGrammar.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
 #include "tindra/callspec/InputSpec.h"
 #include "tindra/callspec/OutputSpec.h"
@@ -19,27 +22,46 @@
 namespace Tindra {
 namespace AutoCli {
 
+// Each reader takes a node of the parser's tree (xmlNode) or of its compact copy
+// (CompactNode const).
+
 // <input-spec>: parameters and supported contexts.
-std::shared_ptr<CallSpec::InputSpec> ExtractInputSpec(xmlNode* node);
+template <typename Node>
+std::shared_ptr<CallSpec::InputSpec> ExtractInputSpec(Node* node);
 // One <parameter>, added to spec.
-void ExtractInputParam(xmlNode* node, std::shared_ptr<CallSpec::InputSpec> spec);
+template <typename Node>
+void ExtractInputParam(Node* node, std::shared_ptr<CallSpec::InputSpec> spec);
 // One <constraint> of a parameter.
-std::shared_ptr<CallSpec::ParameterConstraint> ExtractParamConstraint(xmlNode* node);
+template <typename Node>
+std::shared_ptr<CallSpec::ParameterConstraint> ExtractParamConstraint(Node* node);
 // An <enum>: (value, description) pairs in document order.
-std::vector<std::pair<std::string, std::string>> ExtractEnum(xmlNode* node);
+template <typename Node>
+std::vector<std::pair<std::string, std::string>> ExtractEnum(Node* node);
 
 // <meta-data>: free-form fields of the command.
-void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command);
+template <typename Node>
+void ExtractMetaData(Node* node, std::shared_ptr<ExtensionCommand> command);
 // <format-parameters>: the command's default formatter and its parameters.
-void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command);
+template <typename Node>
+void ExtractFormatParams(Node* node, std::shared_ptr<ExtensionCommand> command);
 // <output-spec>: the prototype of the command's output, if it holds one.
-std::shared_ptr<CallSpec::OutputSpec> ExtractOutputSpec(xmlNode* node);
+template <typename Node>
+std::shared_ptr<CallSpec::OutputSpec> ExtractOutputSpec(Node* node);
 
 // Whether the node carries that name (elements by tag; text and comments as the parser names
 // them).
-bool HasTag(xmlNode const* node, char const* tag);
+template <typename Node>
+bool HasTag(Node const* node, char const* tag) {
+    char const* name = GrammarNodeName(node);
+    return name[0] == tag[0] && std::strcmp(name, tag) == 0;  // most names differ at once
+}
+
 // The text of a text, CDATA or comment node.
-std::string NodeContent(xmlNode const* node);
+template <typename Node>
+std::string NodeContent(Node const* node) {
+    char const* content = ContentOf(node);
+    return content != nullptr ? content : "";
+}
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -1,6 +1,7 @@
 // Reads <input-spec> and its <parameter> elements into the call contract.
 #include <array>
 #include <string>
+#include <utility>
 
 #include "autocli/extension/ValueGrammar.h"
 #include "autocli/extension/XmlUtil.h"
@@ -57,7 +58,8 @@ struct ParameterText {
     std::string description;
 };
 
-ParameterText ReadParameterText(xmlNode* node) {
+template <typename Node>
+ParameterText ReadParameterText(Node* node) {
     ParameterText text;
     text.name = XmlUtil_ExtractAttribute(node, "name");
     text.type = XmlUtil_ExtractAttribute(node, "type");
@@ -103,8 +105,9 @@ ParameterType CheckParameterText(ParameterText const& text) {
 }
 
 // Every <constraint> child in order; a later one replaces an earlier one.
-void ReadConstraints(xmlNode* node, ParameterSpec& parameter) {
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Node>
+void ReadConstraints(Node* node, ParameterSpec& parameter) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasTag(child, "constraint")) {
             continue;
         }
@@ -119,9 +122,10 @@ void ReadConstraints(xmlNode* node, ParameterSpec& parameter) {
 
 }  // namespace
 
-std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
+template <typename Node>
+std::shared_ptr<InputSpec> ExtractInputSpec(Node* node) {
     std::shared_ptr<InputSpec> spec = InputSpec::New();
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, "parameter")) {
             ExtractInputParam(child, spec);
         } else if (HasTag(child, "context-supported")) {
@@ -131,14 +135,15 @@ std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
     return spec;
 }
 
-void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
-    ParameterText const text = ReadParameterText(node);
+template <typename Node>
+void ExtractInputParam(Node* node, std::shared_ptr<InputSpec> spec) {
+    ParameterText text = ReadParameterText(node);
     ParameterType const type = CheckParameterText(text);
-    std::shared_ptr<ParameterSpec> parameter = ParameterSpec::New(text.name, type);
+    std::shared_ptr<ParameterSpec> parameter = ParameterSpec::New(std::move(text.name), type);
     if (!text.shortName.empty()) {
         parameter->SetShortName(text.shortName);
     }
-    parameter->SetDescription(text.description);
+    parameter->SetDescription(std::move(text.description));
     parameter->SetRequired(text.required == "true");
     if (text.secret == "true") {
         parameter->SetSecret(true);
@@ -146,6 +151,12 @@ void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
     ReadConstraints(node, *parameter);
     spec->AddParameter(parameter);
 }
+
+// The readers for the parser's tree and for its compact copy.
+template std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node);
+template void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec);
+template std::shared_ptr<InputSpec> ExtractInputSpec(CompactNode const* node);
+template void ExtractInputParam(CompactNode const* node, std::shared_ptr<InputSpec> spec);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -3,8 +3,10 @@
 
 #include <libxml/parser.h>
 
+#include "autocli/extension/CompactTree.h"
 #include "autocli/extension/ValueGrammar.h"
 #include "autocli/extension/XmlUtil.h"
+#include "autocli/plugins/CompactDescriptor.h"
 #include "autocli/plugins/DescriptorReaders.h"
 #include "autocli/plugins/XmlDocument.h"
 #include "tindra/TindraException.h"
@@ -28,13 +30,20 @@ void WithContext(Context&& context, Step&& step) {
 }
 
 // Applies step to every child element of node that carries the tag, in document order.
-template <typename Step>
-void ForEachChildTagged(xmlNode* node, char const* tag, Step&& step) {
-    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Node, typename Step>
+void ForEachChildTagged(Node* node, char const* tag, Step&& step) {
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, tag)) {
             step(child);
         }
     }
+}
+
+template <typename Node>
+size_t CountChildrenTagged(Node* node, char const* tag) {
+    size_t count = 0;
+    ForEachChildTagged(node, tag, [&count](Node*) { ++count; });
+    return count;
 }
 
 }  // namespace
@@ -60,21 +69,17 @@ void XmlPlugin::Initialize() {
     }
 }
 
-void XmlPlugin::ReadDescriptor() {
-    // Compact storage of short texts only saves allocations; the tree is the same.
-    XmlDocument const document(xmlReadFile(fileName.c_str(), nullptr, XML_PARSE_COMPACT));
-    xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
-    if (root == nullptr) {
-        throw TindraException("Unable to parse XML descriptor: " + fileName);
-    }
+// The reading steps are defined before their first use, which instantiates them.
+template <typename Node>
+void XmlPlugin::ReadRoot(Node* root) {
     if (XmlUtil_GetContentForChildByTag(root, "version") != kDescriptorVersion) {
         throw TindraException("Unknown ostrel extention version.  Valid versions are: '1.0.0'");
     }
-    xmlNode* namespaces = XmlUtil_FindChildNode(root, "namespaces");
+    Node* namespaces = XmlUtil_FindChildNode(root, "namespaces");
     if (namespaces != nullptr) {
         AddNamespaces(namespaces);
     }
-    xmlNode* commands = XmlUtil_FindChildNode(root, "commands");
+    Node* commands = XmlUtil_FindChildNode(root, "commands");
     if (commands != nullptr) {
         AddCommands(commands);
     }
@@ -84,11 +89,16 @@ void XmlPlugin::ReadDescriptor() {
     }
 }
 
-void XmlPlugin::AddNamespaces(xmlNode* node) {
-    ForEachChildTagged(node, "namespace", [this](xmlNode* child) { AddNamespace(child); });
+// The registrations stay with the plug-in for its life, so they get the room they need and
+// no more.
+template <typename Node>
+void XmlPlugin::AddNamespaces(Node* node) {
+    pending.reserve(pending.size() + CountChildrenTagged(node, "namespace"));
+    ForEachChildTagged(node, "namespace", [this](Node* child) { AddNamespace(child); });
 }
 
-void XmlPlugin::AddNamespace(xmlNode* node) {
+template <typename Node>
+void XmlPlugin::AddNamespace(Node* node) {
     std::string path = XmlUtil_ExtractAttribute(node, "path");
     std::string description = XmlUtil_GetContentForChildByTag(node, "description");
     if (path.empty() || description.empty()) {
@@ -101,42 +111,45 @@ void XmlPlugin::AddNamespace(xmlNode* node) {
     pending.emplace_back(std::move(path), std::move(space));
 }
 
-void XmlPlugin::AddCommands(xmlNode* node) {
-    ForEachChildTagged(node, "command", [this](xmlNode* child) { AddCommand(child); });
+template <typename Node>
+void XmlPlugin::AddCommands(Node* node) {
+    pending.reserve(pending.size() + CountChildrenTagged(node, "command"));
+    ForEachChildTagged(node, "command", [this](Node* child) { AddCommand(child); });
 }
 
-void XmlPlugin::AddCommand(xmlNode* node) {
+template <typename Node>
+void XmlPlugin::AddCommand(Node* node) {
     std::string const path = XmlUtil_ExtractAttribute(node, "path");
     if (path.empty()) {
         throw TindraException(
             "Invalid command specification found.  <command> tags must have a non-empty "
             "'path' attribute");
     }
-    std::string const description = XmlUtil_GetContentForChildByTag(node, "description");
+    std::string description = XmlUtil_GetContentForChildByTag(node, "description");
     WithContext([&] { return "Unable to register the command 'ostrel " + path + "'  Error was "; },
-                [&] { ReadCommand(node, path, description); });
+                [&] { ReadCommand(node, path, std::move(description)); });
 }
 
-void XmlPlugin::ReadCommand(xmlNode* node, std::string const& path,
-                            std::string const& description) {
+template <typename Node>
+void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string description) {
     std::shared_ptr<ExtensionCommand> command = ExtensionCommand::New();
-    command->SetDescription(description);
-    if (xmlNode* metaData = XmlUtil_FindChildNode(node, "meta-data")) {
+    command->SetDescription(std::move(description));
+    if (Node* metaData = XmlUtil_FindChildNode(node, "meta-data")) {
         ExtractMetaData(metaData, command);
     }
-    xmlNode* inputSpec = XmlUtil_FindChildNode(node, "input-spec");
+    Node* inputSpec = XmlUtil_FindChildNode(node, "input-spec");
     if (inputSpec == nullptr) {
         throw TindraException(
             "Unable to find <input-spec> element, which is required for a command.");
     }
     command->SetInputSpec(ExtractInputSpec(inputSpec));
-    xmlNode* outputSpec = XmlUtil_FindChildNode(node, "output-spec");
+    Node* outputSpec = XmlUtil_FindChildNode(node, "output-spec");
     if (outputSpec == nullptr) {
         throw TindraException(
             "Unable to find <output-spec> element, which is required for a command.");
     }
     command->SetOutputSpec(ExtractOutputSpec(outputSpec));
-    xmlNode* formatParameters = XmlUtil_FindChildNode(node, "format-parameters");
+    Node* formatParameters = XmlUtil_FindChildNode(node, "format-parameters");
     if (formatParameters == nullptr) {
         throw TindraException(
             "Unable to find <format-parameters> element, which is required for a command.");
@@ -151,6 +164,23 @@ void XmlPlugin::ReadCommand(xmlNode* node, std::string const& path,
     command->SetExecuteCommand(execute);
     command->SetStdin(XmlUtil_GetContentForChildByTag(node, "stdin"));
     pending.emplace_back(path, std::move(command));
+}
+
+// Most files are read from a compact copy of their tree; the rest, and every file that does
+// not parse, through the parser's own tree, which also prints the parser's diagnostics.
+void XmlPlugin::ReadDescriptor() {
+    CompactTree tree;
+    if (ReadCompactDescriptor(fileName, tree)) {
+        ReadRoot(tree.Root());
+        return;
+    }
+    // Compact storage of short texts only saves allocations; the tree is the same.
+    XmlDocument const document(xmlReadFile(fileName.c_str(), nullptr, XML_PARSE_COMPACT));
+    xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
+    if (root == nullptr) {
+        throw TindraException("Unable to parse XML descriptor: " + fileName);
+    }
+    ReadRoot(root);
 }
 
 std::list<std::string> XmlPlugin::SplitPath(std::string const& path) {

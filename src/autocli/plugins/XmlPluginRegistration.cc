@@ -6,14 +6,24 @@ namespace Tindra {
 namespace AutoCli {
 
 // Validates every registration against the tree before registering any, so that a conflict
-// with another plug-in leaves the tree untouched.
+// with another plug-in leaves the tree untouched. Each path is taken apart once, for both.
 void XmlPlugin::RegisterNamespaces(std::shared_ptr<Namespace> root) {
+    std::vector<PathNames> names;
+    names.reserve(pending.size());
     for (Registration const& registration : pending) {
-        CheckRegistration(*root, registration);
+        names.push_back(SplitRegistrationPath(registration.first));
+        CheckRegistration(*root, registration, names.back());
     }
-    for (Registration const& registration : pending) {
-        Register(*root, registration);
+    for (size_t i = 0; i < pending.size(); ++i) {
+        Register(*root, pending[i], names[i]);
     }
+}
+
+XmlPlugin::PathNames XmlPlugin::SplitRegistrationPath(std::string const& path) {
+    PathNames names;
+    names.parent = SplitPath(path);
+    names.name = TakeLastName(names.parent);
+    return names;
 }
 
 namespace {
@@ -44,7 +54,8 @@ bool IsSharedTopLevelNamespace(NamespaceNode& parent, NamespaceNode& existing,
 
 }  // namespace
 
-void XmlPlugin::CheckRegistration(Namespace& root, Registration const& registration) {
+void XmlPlugin::CheckRegistration(Namespace& root, Registration const& registration,
+                                  PathNames const& names) {
     auto const& [path, node] = registration;
     if (path.empty()) {
         throw TindraException("Invalid NULL registration found in XML plugin: " + fileName +
@@ -53,13 +64,11 @@ void XmlPlugin::CheckRegistration(Namespace& root, Registration const& registrat
     if (!node) {
         throw TindraException("Invalid null node: " + path);
     }
-    std::list<std::string> parentPath = SplitPath(path);
-    std::string const name = TakeLastName(parentPath);
-    std::shared_ptr<NamespaceNode> const parent = FindInTree(root, parentPath);
+    std::shared_ptr<NamespaceNode> const parent = FindInTree(root, names.parent);
     if (!parent) {
         return;  // typically declared earlier in this file, so in the tree only in pass two
     }
-    std::shared_ptr<NamespaceNode> const existing = parent->GetNamespaceNode(name);
+    std::shared_ptr<NamespaceNode> const existing = parent->GetNamespaceNode(names.name);
     if (!existing) {
         return;
     }
@@ -72,11 +81,11 @@ void XmlPlugin::CheckRegistration(Namespace& root, Registration const& registrat
     }
 }
 
-void XmlPlugin::Register(Namespace& root, Registration const& registration) {
-    auto const& [path, node] = registration;
-    std::list<std::string> parentPath = SplitPath(path);
-    std::string const name = TakeLastName(parentPath);
-    std::shared_ptr<NamespaceNode> parent = root.ResolveNode(parentPath);
+// The resolver walks the parent's names and puts them back.
+void XmlPlugin::Register(Namespace& root, Registration const& registration, PathNames& names) {
+    auto const& node = registration.second;
+    std::string const& name = names.name;
+    std::shared_ptr<NamespaceNode> parent = root.ResolveNode(names.parent);
     if (!parent) {
         parent = root.GetThis();
     }

@@ -12,9 +12,6 @@
 #include "tindra/autocli/tree/NamespaceNode.h"
 #include "tindra/autocli/tree/Plugin.h"
 
-// The parser's node type; only pointers to it appear here, so the parser's headers stay private.
-struct _xmlNode;
-
 namespace Tindra {
 namespace AutoCli {
 
@@ -40,14 +37,30 @@ public:
     std::vector<Registration> const& GetPendingRegistrations() const { return pending; }
 
 private:
+    // The steps below take an element of the parser's tree or of a compact copy of it; their
+    // definitions, and the node types, stay in the implementation.
     void ReadDescriptor();
-    void AddNamespaces(_xmlNode* node);
-    void AddNamespace(_xmlNode* node);
-    void AddCommands(_xmlNode* node);
-    void AddCommand(_xmlNode* node);
-    void ReadCommand(_xmlNode* node, std::string const& path, std::string const& description);
-    void CheckRegistration(Namespace& root, Registration const& registration);
-    void Register(Namespace& root, Registration const& registration);
+    template <typename Node>
+    void ReadRoot(Node* root);
+    template <typename Node>
+    void AddNamespaces(Node* node);
+    template <typename Node>
+    void AddNamespace(Node* node);
+    template <typename Node>
+    void AddCommands(Node* node);
+    template <typename Node>
+    void AddCommand(Node* node);
+    template <typename Node>
+    void ReadCommand(Node* node, std::string const& path, std::string description);
+    // A registration's path taken apart: the names of the parent namespace, and the node's own.
+    struct PathNames {
+        std::list<std::string> parent;
+        std::string name;
+    };
+    static PathNames SplitRegistrationPath(std::string const& path);
+    void CheckRegistration(Namespace& root, Registration const& registration,
+                           PathNames const& names);
+    void Register(Namespace& root, Registration const& registration, PathNames& names);
     static std::list<std::string> SplitPath(std::string const& path);
     static std::string TakeLastName(std::list<std::string>& names);
 
