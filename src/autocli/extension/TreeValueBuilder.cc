@@ -46,6 +46,12 @@ std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(Node* node) {
 template <typename Node>
 std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(Node* node) {
     auto structure = MetaObj::MetaStruct::New(XmlUtil_ExtractAttribute(node, "typeName"));
+    // Counted first: descriptors keep thousands of these prototypes, each exactly this size.
+    size_t fieldCount = 0;
+    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        fieldCount += IsFieldName(GrammarNodeName(child)) ? 1 : 0;
+    }
+    structure->ReserveFields(fieldCount);
     for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsFieldName(GrammarNodeName(child))) {
             AddField(*structure, child);
