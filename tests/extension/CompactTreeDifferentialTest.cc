@@ -5,7 +5,6 @@
 #include <libxml/parser.h>
 
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "autocli/extension/SaxDocumentParser.h"
 #include "autocli/extension/ValueGrammar.h"
 #include "autocli/extension/XmlUtil.h"
+#include "support/RandomChoices.h"
 
 namespace {
 
@@ -128,9 +128,9 @@ TEST_F(CompactTreeDifferentialTest, DeclarationsAndNamespacedAttributesAreNotCop
 }
 
 // Random descriptor-like documents with every kind of node, and damaged copies of them.
-class DocumentGenerator {
+class DocumentGenerator : RandomChoices {
 public:
-    explicit DocumentGenerator(unsigned seed) : random(seed) {}
+    explicit DocumentGenerator(unsigned seed) : RandomChoices(seed) {}
 
     std::string Document() { return Filler() + Element(0) + Filler(); }
 
@@ -163,15 +163,6 @@ private:
                      "<![CDATA[<raw>]]>", "<![CDATA[]]>", "<?pi x?>", "<?text y?>"});
     }
     std::string Filler() { return Pick({"", "\n", "<!-- c -->", "<?pi x?>"}); }
-    std::string Pick(std::vector<std::string> const& choices) {
-        return choices[Below(choices.size())];
-    }
-    size_t Below(size_t bound) {
-        return std::uniform_int_distribution<size_t>(0, bound - 1)(random);
-    }
-    bool Chance(int percent) { return Below(100) < static_cast<size_t>(percent); }
-
-    std::mt19937 random;
 };
 
 TEST_F(CompactTreeDifferentialTest, GeneratedDocuments) {

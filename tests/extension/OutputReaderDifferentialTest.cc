@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <random>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -15,6 +14,7 @@
 
 #include "autocli/extension/OutputDocumentReader.h"
 #include "autocli/extension/XmlUtil.h"
+#include "support/RandomChoices.h"
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaInt.h"
 #include "tindra/metaobj/MetaList.h"
@@ -375,9 +375,9 @@ TEST_F(OutputReaderDifferentialTest, AtTheParserLimits) {
 
 // Random documents from the value grammar, some with grammar errors, then byte-level damage,
 // so that both the well-formed and the broken paths are exercised.
-class DocumentGenerator {
+class DocumentGenerator : RandomChoices {
 public:
-    explicit DocumentGenerator(unsigned seed) : random(seed) {}
+    explicit DocumentGenerator(unsigned seed) : RandomChoices(seed) {}
 
     std::string Document() { return "<o>" + Filler() + Value(0) + Filler() + "</o>"; }
 
@@ -426,15 +426,6 @@ private:
                                              : "<" + tag + ">" + content + "</" + tag + ">";
     }
     std::string Filler() { return Pick({"", "", "\n  ", "<!-- c -->", "<?pi x?>"}); }
-    std::string Pick(std::vector<std::string> const& choices) {
-        return choices[Below(choices.size())];
-    }
-    size_t Below(size_t bound) {
-        return std::uniform_int_distribution<size_t>(0, bound - 1)(random);
-    }
-    bool Chance(int percent) { return Below(100) < static_cast<size_t>(percent); }
-
-    std::mt19937 random;
 };
 
 TEST_F(OutputReaderDifferentialTest, GeneratedDocuments) {
