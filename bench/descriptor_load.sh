@@ -129,3 +129,15 @@ echo "descriptor files:      $files ($((files * per_file)) commands, $listed lis
 echo "xmllint --noout:       $xmllint_ms ms"
 echo "ostrel load and list:  $ostrel_ms ms (of which start-up with no descriptors: $startup_ms ms)"
 awk -v a="$ostrel_ms" -v b="$xmllint_ms" 'BEGIN { printf "ratio ostrel/xmllint:  %.2f (goal <= 1.30)\n", a / b }'
+
+# Wall-clock times on a shared machine swing widely; user-space instruction counts do not.
+if command -v perf >/dev/null && perf stat -e instructions:u true >/dev/null 2>&1; then
+    instructions() {
+        perf stat -x, -e instructions:u "$@" 2>&1 >/dev/null | awk -F, '/instructions/ { print $1 }'
+    }
+    lint_i=$(instructions xmllint --noout "$work"/descriptors/*.xml)
+    ostrel_i=$(OSTREL_SKIP_DEFAULT_PLUGINS=1 instructions "$ostrel" --plugin-dir "$work/descriptors" \
+        ostrel command list --command-filter nothingmatches)
+    awk -v a="$ostrel_i" -v b="$lint_i" 'BEGIN {
+        printf "instructions:          ostrel %.0f M, xmllint %.0f M, ratio %.2f\n", a / 1e6, b / 1e6, a / b }'
+fi
