@@ -5,9 +5,9 @@ import unittest
 
 LIBRARY = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..', 'contrib',
                        'ansible', 'library', 'ostrel.py')
-spec = importlib.util.spec_from_file_location('ostrel_module', LIBRARY)
-ostrel = importlib.util.module_from_spec(spec)
-spec.loader.exec_module(ostrel)
+location = importlib.util.spec_from_file_location('ostrel_module', LIBRARY)
+ostrel = importlib.util.module_from_spec(location)
+location.loader.exec_module(ostrel)
 
 
 def task(**args):
@@ -70,7 +70,7 @@ class CommandLineTest(unittest.TestCase):
             (dict(params={'2fa': 'x'}), "'2fa' is not an option name"),
             (dict(params={'n': '-x'}), "value '-x' of option 'n' looks like an option"),
             (dict(params={'n': '--long=1'}), "looks like an option"),
-            (dict(params={'spec': {'a': 1}}), "value of option 'spec' must be a text"),
+            (dict(params={'shape': {'a': 1}}), "value of option 'shape' must be a text"),
             (dict(params={'tags': [['a']]}), "value of option 'tags' must be a text"),
             (dict(secret_params={'password': 'a\nb'}), "secret option 'password' holds a line"),
             (dict(params={'password': 'a'}, secret_params={'password': 'b'}),
