@@ -1,11 +1,11 @@
 #include "platform/FileContent.h"
 
 #include <errno.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/Fd.h"
+#include "platform/RegularFile.h"
 
 namespace Tindra {
 namespace Platform {
@@ -50,7 +50,7 @@ bool ReadToEnd(int fd, size_t limit, std::string& content) {
 }  // namespace
 
 bool ReadFileContent(std::string const& path, size_t limit, std::string& content) {
-    UniqueFd fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    UniqueFd fd = OpenRegularFile(path);
     if (!fd.IsOpen()) {
         return false;
     }

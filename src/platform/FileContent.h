@@ -8,7 +8,7 @@ namespace Tindra {
 namespace Platform {
 
 // Reads the whole file into content, unless it is larger than limit bytes. False when the file
-// cannot be opened or read or is too large; content is then unspecified.
+// is not a regular file, cannot be opened or read, or is too large; content is then unspecified.
 bool ReadFileContent(std::string const& path, size_t limit, std::string& content);
 
 }  // namespace Platform

@@ -1,5 +1,8 @@
 #include "platform/TerminalEchoGuard.h"
 
+#include <errno.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <cstddef>
 
@@ -9,13 +12,19 @@ namespace Platform {
 namespace {
 
 constexpr int kRestoringSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+constexpr int kJobControlSignals[] = {SIGTSTP, SIGCONT};
 constexpr std::size_t kSignalCount = sizeof(kRestoringSignals) / sizeof(kRestoringSignals[0]);
+constexpr std::size_t kJobControlCount = sizeof(kJobControlSignals) / sizeof(kJobControlSignals[0]);
 
-// What the signal handler needs; plain data because a handler may touch nothing else.
+// What the signal handlers need; plain data because a handler may touch nothing else.
 struct SignalRestoreState {
     int fd;
     termios attributes;
+    char const* prompt;
+    std::size_t promptLength;
+    int promptFd;
     struct sigaction previous[kSignalCount];
+    struct sigaction previousJobControl[kJobControlCount];
 };
 SignalRestoreState restoreState;
 
@@ -39,10 +48,48 @@ extern "C" void RestoreTerminalAndReraise(int signal) {
     raise(signal);
 }
 
-// An ignored signal stays ignored: it cannot end the process, so it needs no restoring.
-void InstallRestoringHandlers(int fd, termios const& attributes) {
-    restoreState.fd = fd;
-    restoreState.attributes = attributes;
+void SetHandler(int signal, void (*handler)(int)) {
+    struct sigaction action {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    sigaction(signal, &action, nullptr);
+}
+
+// Echo comes back while the process is stopped; the stop itself is the default action, taken
+// here and now. The process resumes inside this handler once it is continued.
+extern "C" void RestoreTerminalAndStop(int) {
+    int const savedErrno = errno;
+    tcsetattr(restoreState.fd, TCSANOW, &restoreState.attributes);
+    SetHandler(SIGTSTP, SIG_DFL);
+    sigset_t stopSignal;
+    sigemptyset(&stopSignal);
+    sigaddset(&stopSignal, SIGTSTP);
+    raise(SIGTSTP);
+    sigprocmask(SIG_UNBLOCK, &stopSignal, nullptr);
+    SetHandler(SIGTSTP, RestoreTerminalAndStop);
+    errno = savedErrno;
+}
+
+// Whatever happened to the terminal while the process was stopped, echo goes off again and the
+// user sees again what is being asked.
+extern "C" void SilenceAgainAndPrompt(int) {
+    int const savedErrno = errno;
+    termios current;
+    if (tcgetattr(restoreState.fd, &current) == 0) {
+        current.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(restoreState.fd, TCSANOW, &current);
+    }
+    if (restoreState.promptLength > 0) {
+        ssize_t ignored =
+            write(restoreState.promptFd, restoreState.prompt, restoreState.promptLength);
+        (void)ignored;
+    }
+    errno = savedErrno;
+}
+
+// An ignored signal stays ignored: it cannot end or stop the process, so it needs no restoring.
+void InstallRestoringHandlers() {
     struct sigaction action {};
     action.sa_handler = RestoreTerminalAndReraise;
     sigemptyset(&action.sa_mask);
@@ -52,25 +99,41 @@ void InstallRestoringHandlers(int fd, termios const& attributes) {
             sigaction(kRestoringSignals[i], &action, nullptr);
         }
     }
+    for (std::size_t i = 0; i < kJobControlCount; ++i) {
+        sigaction(kJobControlSignals[i], nullptr, &restoreState.previousJobControl[i]);
+    }
+    if (restoreState.previousJobControl[0].sa_handler != SIG_IGN) {
+        SetHandler(SIGTSTP, RestoreTerminalAndStop);
+    }
+    SetHandler(SIGCONT, SilenceAgainAndPrompt);
 }
 
 void ReinstatePreviousHandlers() {
     for (std::size_t i = 0; i < kSignalCount; ++i) {
         sigaction(kRestoringSignals[i], &restoreState.previous[i], nullptr);
     }
+    for (std::size_t i = 0; i < kJobControlCount; ++i) {
+        sigaction(kJobControlSignals[i], &restoreState.previousJobControl[i], nullptr);
+    }
 }
 
 }  // namespace
 
-TerminalEchoGuard::TerminalEchoGuard(int fd) : fd(fd) {
+TerminalEchoGuard::TerminalEchoGuard(int fd, std::string prompt, int promptFd)
+    : fd(fd), prompt(std::move(prompt)) {
     if (tcgetattr(fd, &saved) != 0) {
         return;
     }
     termios silent = saved;
     silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    restoreState.fd = fd;
+    restoreState.attributes = saved;
+    restoreState.prompt = this->prompt.data();
+    restoreState.promptLength = this->prompt.size();
+    restoreState.promptFd = promptFd;
     // Handlers first: a signal between switching echo off and installing them would
     // otherwise leave the terminal silent.
-    InstallRestoringHandlers(fd, saved);
+    InstallRestoringHandlers();
     if (tcsetattr(fd, TCSANOW, &silent) != 0) {
         ReinstatePreviousHandlers();
         return;
@@ -78,12 +141,19 @@ TerminalEchoGuard::TerminalEchoGuard(int fd) : fd(fd) {
     active = true;
 }
 
+// The signals wait while the terminal is restored and the handlers go: a continue signal in
+// between would otherwise switch echo off again for good.
 TerminalEchoGuard::~TerminalEchoGuard() {
     if (!active) {
         return;
     }
+    sigset_t all;
+    sigset_t previousMask;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, &previousMask);
     tcsetattr(fd, TCSANOW, &saved);
     ReinstatePreviousHandlers();
+    sigprocmask(SIG_SETMASK, &previousMask, nullptr);
 }
 
 }  // namespace Platform

@@ -1,6 +1,10 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Ostrel.h"
+#include "support/DescriptorFiles.h"
 
 namespace {
 
@@ -53,11 +57,63 @@ TEST(FailureTest, APluginThatFailsToLoadIsReportedAndTheRunGoesOn) {
               "Unable to open directory /nonexistent for plugin registration\n");
 }
 
-TEST(FailureTest, InputOptionProblemsGoToStandardError) {
+TEST(FailureTest, InputFilesThatCannotBeReadAreNamed) {
     ExpectRun(Ostrel({"--input", "STDIN", "--input", "STDIN"}), 1, "",
               "Only one --input dispatch parameter is allowed\n");
     ExpectRun(Ostrel({"--input", "/nonexistent/lines"}), 1, "",
               "Unable to open file /nonexistent/lines\n");
+    ExpectRun(Ostrel({"--input", "/"}), 1, "", "Unable to read file /: Is a directory\n");
+}
+
+// Output that cannot be written is never a silent success; a reader that left is no error
+// worth a message (the test runs the tool with SIGPIPE ignored, so it sees EPIPE).
+TEST(FailureTest, LostOutputIsReportedOnceUnlessTheReaderLeft) {
+    TestSupport::OwnedFd full(open("/dev/full", O_WRONLY | O_CLOEXEC));
+    ExpectRun(Ostrel(List({}), "", {}, full.Get()), 1, "",
+              "ostrel: write error: No space left on device\n");
+    ExpectRun(Ostrel({"--help"}, "", {}, full.Get()), 1, "",
+              "ostrel: write error: No space left on device\n");
+    ExpectRun(Ostrel({"--input", "STDIN"}, "ostrel command list\nostrel command list\n", {},
+                     TestSupport::kClosedOutput),
+              1, "", "ostrel: write error: Bad file descriptor\n");
+    auto pipe = TestSupport::Pipe::Open();
+    pipe.read.Reset();
+    ExpectRun(Ostrel(List({}), "", {}, pipe.write.Get()), 1, "", "");
+}
+
+// A regular expression from a descriptor that does not compile, or that the matcher gives up
+// on, fails its own line only.
+TEST(FailureTest, ARegularExpressionThatCannotBeCheckedFailsItsLineOnly) {
+    DescriptorTest::DescriptorFiles files;
+    DescriptorTest::CommandParts parts;
+    parts.inputSpec = "<input-spec>";
+    for (std::string const name : {"broken", "greedy"}) {
+        parts.inputSpec += "<parameter name=\"" + name +
+                           "\" type=\"string\" required=\"false\"><description>d</description>"
+                           "<constraint type=\"regex\"><regex>" +
+                           (name == "broken" ? "([a-z" : "(a*)*b") +
+                           "</regex></constraint></parameter>";
+    }
+    parts.inputSpec += "</input-spec>";
+    auto const plugin = files.Write(
+        "regex.xml",
+        DescriptorTest::Descriptor("<namespaces>" + DescriptorTest::NamespaceElement("demo", "D") +
+                                   "</namespaces><commands>" + parts.Element() + "</commands>"));
+    auto const run = Ostrel({"--input", "STDIN"}, "--plugin " + plugin +
+                                                      " demo run --broken abc\n"
+                                                      "demo run --greedy " +
+                                                      std::string(5000, 'a') +
+                                                      "\nostrel command list -c list\n");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, kCommandTable);
+    std::string const prefix = "Errors: \nUnable to check the value of parameter '";
+    std::string const broken = prefix + "broken' against the regular expression (([a-z): ";
+    std::string const greedy = prefix + "greedy' against the regular expression ((a*)*b): ";
+    auto const second = run.err.find(prefix, 1);
+    ASSERT_NE(second, std::string::npos) << run.err;
+    EXPECT_EQ(run.err.substr(0, broken.size()), broken);
+    EXPECT_EQ(run.err.substr(second, greedy.size()), greedy);
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 4) << run.err;
 }
 
 }  // namespace

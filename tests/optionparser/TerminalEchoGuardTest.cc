@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <poll.h>
 #include <signal.h>
+#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -85,30 +85,56 @@ TEST(TerminalEchoGuardTest, SignalsRestoreTheTerminalAndReachThePreviousDisposit
     EXPECT_EQ(0u, hungUp.out.find("ours;echo off;"));
 }
 
-TEST(SilentStringTest, ReadsALineFromATerminalWithoutEchoingIt) {
+// Waits until the child has switched echo to the given state.
+bool AwaitEcho(PseudoTerminal const& terminal, bool on) {
+    for (int tries = 0; terminal.Echoes() != on && tries < 10000; ++tries) {
+        usleep(1000);
+    }
+    return terminal.Echoes() == on;
+}
+
+// The secret prompt as a user meets it: stopped with ^Z the terminal echoes again; continued,
+// echo goes off and the prompt is shown again; the line typed then is the value, unechoed.
+TEST(SecretPromptTest, EchoIsOffWhileWaitingAlsoAfterAStopAndBackOnAfterwards) {
     PseudoTerminal terminal;
     auto answer = TestSupport::Pipe::Open();
+    auto spec = Tindra::CallSpec::InputSpec::New();
+    auto password = Tindra::CallSpec::ParameterSpec::New("password", Tindra::CallSpec::ParamString);
+    password->SetSecret(true);
+    spec->AddParameter(password);
     std::cout.flush();
     pid_t pid = fork();
     ASSERT_GE(pid, 0);
     if (pid == 0) {
+        setpgid(0, 0);  // a group of its own whose parent is in the session: ^Z may stop it
         dup2(terminal.slave.Get(), 0);
-        std::string line = Tindra::AutoCli::OptionParser::GetSilentString();
+        dup2(terminal.slave.Get(), 1);
+        Tindra::AutoCli::OptionParser parser;
+        parser.ParseVector({"demo", "--password"});
+        parser.SetInputSpec(spec);
+        std::string line = parser.GetCommandParameter("password").at(0);
         _exit(write(answer.write.Get(), line.data(), line.size()) < 0);
     }
     answer.write.Reset();
-    // Type only once echo is off; before that the terminal would echo.
-    for (int tries = 0; terminal.Echoes() && tries < 10000; ++tries) {
-        usleep(1000);
-    }
-    ASSERT_FALSE(terminal.Echoes());
+    std::string const prompt = "Enter value for 'password': ";
+    ASSERT_TRUE(AwaitEcho(terminal, false));
+    EXPECT_EQ(prompt, terminal.ReadWritten());
+
+    kill(pid, SIGTSTP);
+    int status = 0;
+    ASSERT_EQ(pid, waitpid(pid, &status, WUNTRACED));
+    ASSERT_TRUE(WIFSTOPPED(status));
+    EXPECT_TRUE(terminal.Echoes()) << "a stopped prompt leaves the terminal silent";
+    kill(pid, SIGCONT);
+    ASSERT_TRUE(AwaitEcho(terminal, false));
+    EXPECT_EQ(prompt, terminal.ReadWritten());
+
     ASSERT_EQ(11, write(terminal.master.Get(), "top secret\n", 11));
     char buffer[64];
     ssize_t n = read(answer.read.Get(), buffer, sizeof buffer);
     EXPECT_EQ("top secret", std::string(buffer, n > 0 ? n : 0));
     EXPECT_EQ(0, TestSupport::WaitForChild(pid));
-    pollfd echoed = {terminal.master.Get(), POLLIN, 0};
-    EXPECT_EQ(0, poll(&echoed, 1, 0)) << "the terminal echoed the secret";
+    EXPECT_EQ("\n", terminal.ReadWritten()) << "the terminal echoed the secret";
     EXPECT_TRUE(terminal.Echoes());
 }
 

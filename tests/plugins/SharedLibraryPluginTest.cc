@@ -15,6 +15,8 @@ namespace {
 std::string const kAnswer = TEST_ANSWERPLUGIN_PATH;
 std::string const kRefusing = TEST_REFUSINGPLUGIN_PATH;
 std::string const kNoEntry = TEST_NOENTRYPLUGIN_PATH;
+std::string const kStdThrowing = TEST_STDTHROWINGPLUGIN_PATH;
+std::string const kForeignThrowing = TEST_FOREIGNTHROWINGPLUGIN_PATH;
 
 // Asks the loader without loading; a successful probe takes a reference that is given back.
 bool IsLoaded(std::string const& path) {
@@ -63,13 +65,17 @@ TEST(SharedLibraryPluginTest, RefusedRegistrationLeavesItsCommandAndUnloadsWithI
     EXPECT_FALSE(IsLoaded(kRefusing));
 }
 
-TEST(SharedLibraryPluginTest, DirectoryLoadsLib64FirstThenInByteOrder) {
+// Whatever a library throws while registering, it is reported and the next file still loads.
+TEST(SharedLibraryPluginTest, DirectoryLoadsLib64FirstThenInByteOrderSkippingFailures) {
     Testing::TempDirectory directory;
     std::filesystem::create_directories(directory.path + "/lib64/sub");
     std::vector<std::string> copies;
-    for (char const* name : {"lib64/z.so", "c.so", "a.so"}) {
+    for (auto const& [name, source] : {std::pair{"lib64/z.so", kAnswer},
+                                       {"c.so", kAnswer},
+                                       {"b.so", kStdThrowing},
+                                       {"a.so", kForeignThrowing}}) {
         copies.push_back(directory.path + "/" + name);
-        std::filesystem::copy_file(kAnswer, copies.back());
+        std::filesystem::copy_file(source, copies.back());
     }
     Testing::CerrCapture errors;
     {
@@ -77,14 +83,19 @@ TEST(SharedLibraryPluginTest, DirectoryLoadsLib64FirstThenInByteOrder) {
         dispatcher.AddExternalDirectory(directory.path);
         EXPECT_EQ(dispatcher.GetPluginNames(), (std::vector<std::string>{"Internal", copies[0]}));
     }
-    auto refusal = [](std::string const& path) {
+    auto refusal = [](std::string const& path, std::string const& why) {
         return "Error loading plugin " + path +
-               " skipping.  Error was: Error while trying to register the plugin " + path +
-               " Duplicate registration in namespace demo attempt to register two objects with "
-               "name answer The functionality in " +
-               path + " will not be available until this issue is resolved.\n";
+               " skipping.  Error was: Error while trying to register the plugin " + path + " " +
+               why + " The functionality in " + path +
+               " will not be available until this issue is resolved.\n";
     };
-    EXPECT_EQ(errors.Text(), refusal(copies[2]) + refusal(copies[1]));
+    EXPECT_EQ(
+        errors.Text(),
+        refusal(copies[3], "the registration entry point threw an exception of unknown type") +
+            refusal(copies[2], "no device table") +
+            refusal(copies[1],
+                    "Duplicate registration in namespace demo attempt to register two "
+                    "objects with name answer"));
 }
 
 }  // namespace

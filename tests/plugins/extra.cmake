@@ -1,9 +1,9 @@
 # Plug-in libraries that the shared-library tests load; their paths reach the tests as
 # TEST_<NAME>_PATH.
 set(test_plugin_sources ${CMAKE_CURRENT_LIST_DIR}/../support/testplugins)
-foreach(plugin AnswerPlugin RefusingPlugin NoEntryPlugin)
+foreach(plugin AnswerPlugin RefusingPlugin StdThrowingPlugin ForeignThrowingPlugin NoEntryPlugin)
   set(source ${plugin})
-  if(plugin STREQUAL "RefusingPlugin")
+  if(NOT plugin STREQUAL "NoEntryPlugin")
     set(source AnswerPlugin)
   endif()
   add_library(tindra_test_${plugin} MODULE ${test_plugin_sources}/${source}.cc)
@@ -15,3 +15,5 @@ foreach(plugin AnswerPlugin RefusingPlugin NoEntryPlugin)
   target_compile_definitions(${target} PRIVATE TEST_${upper}_PATH="$<TARGET_FILE:tindra_test_${plugin}>")
 endforeach()
 target_compile_definitions(tindra_test_RefusingPlugin PRIVATE REFUSE_REGISTRATION)
+target_compile_definitions(tindra_test_StdThrowingPlugin PRIVATE THROW_STANDARD)
+target_compile_definitions(tindra_test_ForeignThrowingPlugin PRIVATE THROW_FOREIGN)

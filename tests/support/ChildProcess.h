@@ -133,6 +133,9 @@ inline ChildResult RunInChild(std::function<void()> const& body, std::string con
     return CollectFromChild(pid, pipes, input);
 }
 
+// For outputFd: the program starts with its standard output closed.
+constexpr int kClosedOutput = -2;
+
 // Starts a program (argv[0] included) with NAME=value entries taking precedence over the
 // inherited environment; with outputFd given, standard output goes there (a terminal, say).
 inline ChildResult RunProgram(std::string const& path, std::vector<std::string> const& argv,
@@ -144,7 +147,11 @@ inline ChildResult RunProgram(std::string const& path, std::vector<std::string> 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, pipes[0].read.Get(), 0);
-    posix_spawn_file_actions_adddup2(&actions, outputFd >= 0 ? outputFd : pipes[1].write.Get(), 1);
+    if (outputFd == kClosedOutput)
+        posix_spawn_file_actions_addclose(&actions, 1);
+    else
+        posix_spawn_file_actions_adddup2(&actions, outputFd >= 0 ? outputFd : pipes[1].write.Get(),
+                                         1);
     posix_spawn_file_actions_adddup2(&actions, pipes[2].write.Get(), 2);
     std::vector<char*> args, environment;
     for (auto const& word : argv)

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <functional>
 #include <sstream>
 
+#include "support/ChildProcess.h"
 #include "support/ThrownMessage.h"
 #include "support/tree/CerrCapture.h"
 #include "support/tree/ScriptedCommand.h"
@@ -122,16 +125,92 @@ TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRun) {
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "");
 }
 
-TEST_F(DispatcherTest, DirectoryScanLooksOnlyAtLowerCaseSoAndXmlFiles) {
+// A FIFO would block the start forever and a device must not be opened: only regular files
+// are read. The scan runs in a child that an alarm ends should it hang.
+TEST_F(DispatcherTest, DirectoryScanReadsOnlyRegularLowerCaseSoAndXmlFiles) {
     Testing::TempDirectory directory;
     for (char const* ignored : {"notes.txt", "plugin.so.1", "PLUGIN.XML", ".hidden"}) {
         directory.Write(ignored, "not looked at");
     }
-    Testing::CerrCapture errors;
-    dispatcher.AddExternalDirectoryInt(directory.path + "/absent", false);  // quietly
-    dispatcher.AddExternalDirectory(directory.path);
-    EXPECT_EQ(errors.Text(), "");
-    EXPECT_EQ(dispatcher.GetPluginNames(), Names{"Internal"});
+    std::string const base = directory.path + "/";
+    ASSERT_EQ(0, mkfifo((base + "a.xml").c_str(), 0600));
+    ASSERT_EQ(0, mkfifo((base + "b.so").c_str(), 0600));
+    ASSERT_EQ(0, symlink("/dev/zero", (base + "c.xml").c_str()));
+    std::filesystem::create_directory(base + "d.so");
+    auto scan = TestSupport::RunInChild([&] {
+        alarm(20);
+        dispatcher.AddExternalDirectoryInt(directory.path + "/absent", false);  // quietly
+        dispatcher.AddExternalDirectory(directory.path);
+        std::cout << dispatcher.GetPluginNames().size();
+    });
+    auto refused = [&base](char const* name, char const* kind) {
+        std::string const path = base + name;
+        std::string const why = path + " is " + kind + ", not a regular file\n";
+        return "Error loading plugin " + path + " skipping.  Error was: " +
+               (path.back() == 'o' ? "Unable to load plugin from " + path + " : "
+                                   : "Unable to handle XML Plugin " + path +
+                                         ".  There was an error while parsing: ") +
+               why;
+    };
+    TestSupport::ExpectRun(scan, 0, "1",
+                           refused("a.xml", "a FIFO") + refused("b.so", "a FIFO") +
+                               refused("c.xml", "a character device") +
+                               refused("d.so", "a directory"));
+}
+
+// A constraint that cannot be checked, a command or a formatter throwing anything at all:
+// each ends as one message on the output, never as an exception.
+TEST_F(DispatcherTest, WhateverAChecksCommandOrFormatterThrowsBecomesAnError) {
+    auto constrained = [this](char const* name, char const* expression) {
+        auto constraint = CallSpec::ParameterConstraint::New(CallSpec::ConstraintRegex);
+        constraint->SetStringRegex(expression);
+        auto parameter = CallSpec::ParameterSpec::New(name, CallSpec::ParamString);
+        parameter->SetRequired(false);
+        parameter->SetConstraint(constraint);
+        command->declaredInput->AddParameter(parameter);
+    };
+    constrained("broken", "([a-z");
+    constrained("greedy", "(a*)*b");
+    auto run = [this](std::string const& parameter, std::string const& value) {
+        auto input = CommandInput::New();
+        input->SetCommandPath({"demo", "show"});
+        input->AddParameter(parameter, value);
+        auto output = CommandOutput::New();
+        EXPECT_FALSE(dispatcher.ExecuteCommand(input, output));
+        EXPECT_EQ(output->GetErrors().size(), 1u);
+        return output->GetErrors().empty() ? "" : output->GetErrors().front();
+    };
+    std::string const broken =
+        "Unable to check the value of parameter 'broken' against the "
+        "regular expression (([a-z): Unmatched";
+    EXPECT_EQ(run("broken", "abc").substr(0, broken.size()), broken);
+    std::string const greedy =
+        "Unable to check the value of parameter 'greedy' against the "
+        "regular expression ((a*)*b): ";
+    EXPECT_EQ(run("greedy", std::string(40, 'a')).substr(0, greedy.size()), greedy);
+    EXPECT_EQ(command->executions, 0);
+    command->action = [](CallSpec::Input&, CallSpec::Output&) { throw 42; };
+    EXPECT_EQ(Errors({"demo", "show"}, true),
+              Names{"Error on command demo show : an exception of unknown type"});
+
+    struct ThrowingFormatter : Formatter {
+        ThrowingFormatter() : Formatter("boom") {}
+        bool Format(std::shared_ptr<CallSpec::Output>, FormatParameters&, DisplayContext&,
+                    std::ostream&) override {
+            throw std::length_error("field too wide");
+        }
+    };
+    auto plugin = std::make_shared<FakePlugin>("broken", Names{});
+    plugin->GetFormatters().push_back(std::make_shared<ThrowingFormatter>());
+    dispatcher.RegisterPlugin(plugin);
+    auto output = CommandOutput::New();
+    FormatParameters parameters;
+    parameters.SetFormatter("boom");
+    DisplayContext context;
+    std::ostringstream stream;
+    EXPECT_FALSE(dispatcher.FormatOutput(output, parameters, context, stream));
+    EXPECT_EQ(output->GetErrors(),
+              Names{"Unable to format the output with the formatter boom: field too wide"});
 }
 
 }  // namespace

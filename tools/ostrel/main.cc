@@ -1,8 +1,11 @@
 // ostrel: the thin program around the engine. Everything else happens in libtindra.
+#include <fcntl.h>
 #include <malloc.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <iostream>
 
 #include "tindra/tindra.h"
@@ -24,9 +27,30 @@ void TuneAllocatorForOneShotRun() {
     mallopt(M_MMAP_THRESHOLD, 32 << 20);
 }
 
+// A standard descriptor the caller closed is taken by /dev/null, opened the wrong way round:
+// no file the tool opens later can land there and receive its output, and writing to a closed
+// standard output still fails (with EBADF) and is reported.
+void OccupyClosedStandardDescriptors() {
+    for (int fd : {0, 1, 2}) {
+        if (fcntl(fd, F_GETFD) < 0) {
+            int const wrongWay = fd == 1 ? O_RDONLY : O_WRONLY;
+            int const opened = open("/dev/null", wrongWay);
+            if (opened >= 0 && opened != fd) {
+                dup2(opened, fd);
+                close(opened);
+            }
+        }
+    }
+}
+
+void Report(char const* text) {
+    std::cerr << "Errors: " << std::endl << text << std::endl;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    OccupyClosedStandardDescriptors();
     TuneAllocatorForOneShotRun();
     // The tool writes through the C++ streams only: their own buffers make large outputs cheap.
     std::ios::sync_with_stdio(false);
@@ -36,9 +60,12 @@ int main(int argc, char** argv) {
             dispatcher.AddDefaultDirectories();
         }
         dispatcher.HandleArgvInput(argc, argv);
-    } catch (Tindra::TindraException const& error) {
-        // An unknown namespace or command word: reported like every other error.
-        std::cerr << "Errors: " << std::endl << error.what() << std::endl;
-        return 1;
+    } catch (std::exception const& error) {
+        // An unknown namespace or command word, or whatever got past the library: reported
+        // like every other error, never as an abort.
+        Report(error.what());
+    } catch (...) {
+        Report("an exception of unknown type");
     }
+    return 1;
 }

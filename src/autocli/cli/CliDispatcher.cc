@@ -1,15 +1,21 @@
 #include "tindra/autocli/cli/CliDispatcher.h"
 
+#include <fcntl.h>
+
 #include <boost/regex.hpp>
 #include <cstdint>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <limits>
 #include <set>
 
+#include "autocli/cli/CheckedStandardOutput.h"
 #include "autocli/cli/NamespaceListing.h"
 #include "autocli/cli/UsageText.h"
+#include "autocli/tree/ExceptionText.h"
+#include "platform/ErrnoText.h"
+#include "platform/Fd.h"
+#include "platform/FdInputBuffer.h"
 #include "platform/TerminalSize.h"
 #include "tindra/TindraException.h"
 #include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
@@ -78,14 +84,50 @@ void ApplyFormatParameters(OptionParser& parser, FormatParameters& format,
     }
 }
 
+std::string JoinedPath(std::list<std::string> const& path) {
+    std::string joined;
+    for (auto const& word : path) {
+        joined += (joined.empty() ? "" : " ") + word;
+    }
+    return joined;
+}
+
+// Lends a stream another buffer while it lives.
+class StreamBufferSwap {
+public:
+    StreamBufferSwap(std::istream& stream, std::streambuf& buffer)
+        : stream(stream), previous(stream.rdbuf(&buffer)) {}
+    ~StreamBufferSwap() {
+        stream.rdbuf(previous);
+        stream.clear();
+    }
+    StreamBufferSwap(StreamBufferSwap const&) = delete;
+    StreamBufferSwap& operator=(StreamBufferSwap const&) = delete;
+
+private:
+    std::istream& stream;
+    std::streambuf* previous;
+};
+
+// A stream that cannot be read (a directory, an I/O error) fails instead of looking empty.
+bool ParseStreamWithReadCheck(CliDispatcher& dispatcher, std::istream& stream,
+                              Platform::FdInputBuffer const& buffer, std::string const& what) {
+    bool result = dispatcher.ParseStreamInput(stream);
+    if (buffer.Error() != 0) {
+        std::cerr << "Unable to read " << what << ": " << Platform::ErrnoText(buffer.Error())
+                  << std::endl;
+        return false;
+    }
+    return result;
+}
+
 }  // namespace
 
 void CliDispatcher::HandleArgvInput(int argc, char const* const* argv) {
+    CheckedStandardOutput standardOutput(argc > 0 && argv[0] != nullptr ? argv[0] : "ostrel");
     OptionParser parser;
     parser.ParseArgv(argc, argv);
-    bool succeeded = HandleOptions(parser, true);
-    std::cout.flush();
-    std::exit(succeeded ? 0 : 1);
+    CheckedStandardOutput::Exit(HandleOptions(parser, true));
 }
 
 bool CliDispatcher::HandleOptions(OptionParser& parser, bool allowInput) {
@@ -97,8 +139,7 @@ bool CliDispatcher::HandleOptions(OptionParser& parser, bool allowInput) {
     }
     dispatcherName = parser.GetDispatcher();
     if (!HandleDispatcherOptions(parser, format, output)) {
-        std::cout.flush();
-        std::exit(1);
+        CheckedStandardOutput::Exit(false);
     }
     DisplayContext display;
     GetDisplayContext(display);
@@ -110,12 +151,17 @@ bool CliDispatcher::HandleOptions(OptionParser& parser, bool allowInput) {
     // An unknown word throws; it is the caller's to report.
     auto node = GetRootNamespace()->ResolveNode(path);
     bool result = false;
-    if (!node) {
-        PrintChildren(GetRootNamespace(), output);
-    } else if (node->GetType() != NamespaceNode::COMMAND_NODE) {
-        PrintChildren(node, output);
-    } else {
-        result = RunCommand(parser, node, path, format, display, output);
+    // Whatever a plug-in's code throws fails this command line only.
+    try {
+        if (!node || node->GetType() != NamespaceNode::COMMAND_NODE) {
+            PrintChildren(node ? node : GetRootNamespace(), output);
+        } else {
+            result = RunCommand(parser, node, path, format, display, output);
+        }
+    } catch (...) {
+        output->AddErrorMessage("Error on command " + JoinedPath(path) + " : " +
+                                CurrentExceptionText());
+        result = false;
     }
     if (output->HasError()) {
         PrintError(output);
@@ -131,14 +177,19 @@ bool CliDispatcher::HandleInputOption(OptionParser& parser) {
         return false;
     }
     if (files.front() == "STDIN") {
-        return ParseStreamInput(std::cin);
+        // Read through std::cin, so that a secret prompt on a line takes the next line.
+        Platform::FdInputBuffer buffer(0);
+        StreamBufferSwap swap(std::cin, buffer);
+        return ParseStreamWithReadCheck(*this, std::cin, buffer, "standard input");
     }
-    std::ifstream file(files.front());
-    if (!file) {
+    Platform::UniqueFd fd(::open(files.front().c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+    if (!fd.IsOpen()) {
         std::cerr << "Unable to open file " << files.front() << std::endl;
         return false;
     }
-    return ParseStreamInput(file);
+    Platform::FdInputBuffer buffer(fd.Get());
+    std::istream file(&buffer);
+    return ParseStreamWithReadCheck(*this, file, buffer, "file " + files.front());
 }
 
 // The command's arguments are checked against its declaration before anything runs, so
@@ -218,8 +269,9 @@ void CliDispatcher::AddPluginFiles(OptionParser& parser) {
         }
         try {
             AddPlugin(file);
-        } catch (TindraException const& error) {
-            std::cerr << "Unable to load plugin " << file << ": " << error.what() << std::endl;
+        } catch (...) {
+            std::cerr << "Unable to load plugin " << file << ": " << CurrentExceptionText()
+                      << std::endl;
         }
     }
 }

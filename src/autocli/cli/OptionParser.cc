@@ -62,6 +62,16 @@ bool HasPairNamed(std::vector<OptionParser::Pair> const& pairs, std::string cons
     return false;
 }
 
+// The guard comes first, so that nothing typed after the prompt appears is echoed; it prints
+// the prompt again when the process continues after a stop.
+std::string ReadLineWithoutEcho(std::string const& prompt) {
+    Platform::TerminalEchoGuard silence(0, prompt);
+    std::cout << prompt << std::flush;
+    std::string line;
+    std::getline(std::cin, line);
+    return line;
+}
+
 void DumpPairs(std::ostringstream& out, std::vector<OptionParser::Pair> const& pairs) {
     for (auto const& pair : pairs) {
         out << "\n   --" << pair.first << " = '" << pair.second << "'";
@@ -157,8 +167,7 @@ void OptionParser::ReadMissingValue(std::string const& word, std::string const& 
             continue;
         }
         if (parameter->IsSecret()) {
-            std::cout << "Enter value for '" << parameter->GetName() << "': " << std::flush;
-            value = GetSilentString();
+            value = ReadLineWithoutEcho("Enter value for '" + parameter->GetName() + "': ");
             std::cout << std::endl;
         } else if (parameter->GetType() != CallSpec::ParamFlag && parameter->GetName() != "help") {
             parseErrors.push_back(word + " must have value");
@@ -213,10 +222,7 @@ bool OptionParser::HasDispatcherParameter(std::string const& name) const {
 }
 
 std::string OptionParser::GetSilentString() {
-    Platform::TerminalEchoGuard silence(0);
-    std::string line;
-    std::getline(std::cin, line);
-    return line;
+    return ReadLineWithoutEcho("");
 }
 
 std::string OptionParser::ToString() {

@@ -2,7 +2,10 @@
 
 #include <dlfcn.h>
 
+#include <exception>
+
 #include "platform/LoadedLibrary.h"
+#include "platform/RegularFile.h"
 #include "tindra/TindraException.h"
 
 namespace Tindra {
@@ -20,6 +23,12 @@ std::shared_ptr<SharedLibraryPlugin> SharedLibraryPlugin::New(std::string const&
 }
 
 void SharedLibraryPlugin::Initialize() {
+    // The loader would wait forever on a FIFO, and acts on whatever a device gives it.
+    std::string const kind = Platform::NonRegularFileKind(fileName);
+    if (!kind.empty()) {
+        throw TindraException("Unable to load plugin from " + fileName + " : " + fileName + " is " +
+                              kind + ", not a regular file");
+    }
     // Global, so that libraries loaded later can link against this one's symbols.
     library = Platform::LoadedLibrary::Open(fileName, RTLD_LAZY | RTLD_GLOBAL);
     if (!library) {
@@ -38,8 +47,19 @@ void SharedLibraryPlugin::Initialize() {
 }
 
 void SharedLibraryPlugin::RegisterNamespaces(std::shared_ptr<Namespace> root) {
-    if (registrationEntry != nullptr) {
+    if (registrationEntry == nullptr) {
+        return;
+    }
+    // The library's own failures arrive in whatever type it chose; the dispatcher reports
+    // only ours, so every other one is turned into ours here.
+    try {
         registrationEntry(root);
+    } catch (TindraException const&) {
+        throw;
+    } catch (std::exception const& error) {
+        throw TindraException(error.what());
+    } catch (...) {
+        throw TindraException("the registration entry point threw an exception of unknown type");
     }
 }
 

@@ -9,6 +9,7 @@
 #include "autocli/plugins/CompactDescriptor.h"
 #include "autocli/plugins/DescriptorReaders.h"
 #include "autocli/plugins/XmlDocument.h"
+#include "platform/RegularFile.h"
 #include "tindra/TindraException.h"
 
 namespace Tindra {
@@ -169,6 +170,11 @@ void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string des
 // Most files are read from a compact copy of their tree; the rest, and every file that does
 // not parse, through the parser's own tree, which also prints the parser's diagnostics.
 void XmlPlugin::ReadDescriptor() {
+    // The parser would wait forever on a FIFO, and read whatever a device gives it.
+    std::string const kind = Platform::NonRegularFileKind(fileName);
+    if (!kind.empty()) {
+        throw TindraException(fileName + " is " + kind + ", not a regular file");
+    }
     CompactTree tree;
     if (ReadCompactDescriptor(fileName, tree)) {
         ReadRoot(tree.Root());

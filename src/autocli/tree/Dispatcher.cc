@@ -1,5 +1,7 @@
 #include "tindra/autocli/tree/Dispatcher.h"
 
+#include "autocli/tree/ExceptionText.h"
+#include "autocli/tree/ValidationFailure.h"
 #include "tindra/TindraException.h"
 #include "tindra/autocli/plugins/InternalPlugin.h"
 
@@ -12,6 +14,28 @@ std::string UnavailableUntilResolved(std::string const& pluginName) {
     return "The functionality in " + pluginName +
            " will not be available until this issue is "
            "resolved.";
+}
+
+// A check that throws (a regular expression that does not compile, or that the matcher gives
+// up on) is reported with the parameter and the expression.
+bool ValidateInput(Command& command, std::shared_ptr<CommandInput> const& input,
+                   std::shared_ptr<CommandOutput> const& output) {
+    auto inputSpec = command.GetInputSpec();
+    input->SetInputSpec(inputSpec);
+    bool valid = false;
+    try {
+        valid = inputSpec->Validate(input, output);
+    } catch (...) {
+        output->AddErrorMessage(
+            DescribeValidationFailure(*inputSpec, *input, CurrentExceptionText()));
+        return false;
+    }
+    if (!valid && !output->HasError() && !output->GetRootObject()) {
+        output->AddErrorMessage(
+            "Command output has no root object nor error messages.  This is a problem with the "
+            "command and should be repaired.");
+    }
+    return valid;
 }
 
 }  // namespace
@@ -80,20 +104,21 @@ std::shared_ptr<Command> Dispatcher::GetCommand(std::shared_ptr<CommandInput> in
     return std::dynamic_pointer_cast<Command>(node);
 }
 
+// Whatever a command's declarations, constraints or code throw ends as a message on the
+// output: one bad command never takes the process down.
 bool Dispatcher::ExecuteCommand(std::shared_ptr<CommandInput> input,
                                 std::shared_ptr<CommandOutput> output) {
     auto command = GetCommand(input, output);
     if (!command) {
         return false;
     }
-    auto inputSpec = command->GetInputSpec();
-    input->SetInputSpec(inputSpec);
-    if (inputSpec->Validate(input, output)) {
-        command->Execute(input, output);
-    } else if (!output->HasError() && !output->GetRootObject()) {
-        output->AddErrorMessage(
-            "Command output has no root object nor error messages.  This is a problem with the "
-            "command and should be repaired.");
+    try {
+        if (ValidateInput(*command, input, output)) {
+            command->Execute(input, output);
+        }
+    } catch (...) {
+        output->AddErrorMessage("Error on command " + input->GetCommandPathString() + " : " +
+                                CurrentExceptionText());
     }
     return !output->HasError();
 }
@@ -131,7 +156,13 @@ bool Dispatcher::FormatOutput(std::shared_ptr<CallSpec::Output> output,
         output->AddErrorMessage("Unable to find requested formatter: " + name);
         return false;
     }
-    formatter->Format(output, parameters, context, stream);
+    try {
+        formatter->Format(output, parameters, context, stream);
+    } catch (...) {
+        output->AddErrorMessage("Unable to format the output with the formatter " + name + ": " +
+                                CurrentExceptionText());
+        return false;
+    }
     return true;
 }
 

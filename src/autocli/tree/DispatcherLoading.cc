@@ -4,6 +4,7 @@
 
 #include <boost/regex.hpp>
 
+#include "autocli/tree/ExceptionText.h"
 #include "platform/DirectoryListing.h"
 #include "tindra/TindraException.h"
 #include "tindra/autocli/plugins/SharedLibraryPlugin.h"
@@ -36,10 +37,10 @@ void Dispatcher::AddExternalDirectoryInt(std::string const& directory, bool repo
     for (auto const& path : paths) {
         try {
             AddPlugin(path);
-        } catch (TindraException const& error) {
-            // One broken plug-in costs only its own commands.
+        } catch (...) {
+            // One broken plug-in costs only its own commands, whatever it threw.
             std::cerr << "Error loading plugin " << path << " skipping.  "
-                      << "Error was: " << error.what() << std::endl;
+                      << "Error was: " << CurrentExceptionText() << std::endl;
         }
     }
 }
