@@ -16,14 +16,23 @@ namespace {
 using Texts = std::vector<std::string>;
 
 // The parts after "true " of the templates that get the hostile value in every parameter:
-// each placeholder kind, quoted and not, alone and mixed.
+// each placeholder kind, quoted and not, alone and mixed, and quoting that only a reading of the
+// whole line tells: doubled and interleaved quotes, escaped quotes, single quotes inside double
+// quotes, backslashes before placeholders, comments, substitutions and here-documents.
 // clang-format off
 Texts const kTemplates({"$val{aa}", "'$val{aa}'", "\"$val{aa}\"",
     "--a=$val{aa} '$val{aa}' $val{aa}", "$if{aa,--a $val{aa}} $if{zz,--z}", "$if{aa,'$val{aa}'}",
-    "$list{ll,',',false}", "$list{ll,',',true}", "$list{ll,'',false}",
+    "$list{ll,',',false}", "$list{ll,',',true}", "$list{ll,'',false}", "'$list{ll,' ',true}'",
     "$multilist{ll,--item,false}", "$multilist{ll,--item,true}", "$val{aa} $val{bb}",
-    "$val{aa} '$val{aa}'", "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'",
-    "$if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}"});
+    "'$multilist{ll,-o,true}'", "\"$multilist{ll,-o,true}\"", "\"$multilist{ll,-o,false}\"",
+    "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'", "''$val{aa}''", "'a'$val{aa}'b'",
+    "\\'$val{aa}\\'", "\\''$val{aa}'", "'x'\\''$val{aa}'", "'x' $val{aa} 'y'",
+    "\"'$val{aa}'\"", "\"\\\"'$val{aa}'\\\"\"", "\"a\\\\\"'$val{aa}'", "\\$val{aa}",
+    "\"\\$val{aa}\"", "\\\\$val{aa}", "x\\\n$val{aa}", "# '$val{aa}'\ntrue '$val{bb}'",
+    "#$val{aa}\ntrue", "x#'$val{aa}'", "$(echo '$val{aa}')", "\"$(echo '$val{aa}')\"",
+    "`echo '$val{aa}'`", "${HOME:-'$val{aa}'}", "\"${HOME}'$val{aa}'\"", "$'$val{aa}'",
+    "<<E\n'$val{aa}'\nE\n", "$if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}",
+    "$if{zz,'} $val{aa} $if{zz,'}"});
 
 // Parameters are filled in name order: aa's value is in the text when bb's turn comes, and
 // must not be read as a placeholder. These templates get one of these values in aa.
@@ -71,7 +80,8 @@ protected:
                  "$(touch${IFS}@M)", "${IFS}`@T`", "*", "/*", "?", "[a-z]*", "~", "#;@T", "a b;c",
                  "\\", "\\\\", "'", "\"", "`", "$", "$((1+1))", "\xff\xfe;@T", "$val{bb}",
                  "'$val{bb}'", "$if{zz,x", "}", "{", "}$if{zz,", "$list{ll,',',false}",
-                 "$multilist{ll,-x,true}", "\0010\002", "\0011\002;@T"}) {
+                 "$multilist{ll,-x,true}", "\0010\002", "\0011\002;@T", "x #\n@T", "#\n@T",
+                 "\t#\\\n@T\n", "a'\n@T\n'", "E\n@T\nE"}) {
             // clang-format on
             for (size_t at; (at = text.find('@')) != std::string::npos;) {
                 text.replace(at, 2, text[at + 1] == 'T' ? touch : marker);

@@ -52,6 +52,28 @@ TEST_F(ExtensionCommandTest, LeadingErrorLinesAreTheResult) {
     EXPECT_EQ("<none>", Root(output));  // not a document: no value, no error
 }
 
+// A program may flood its output with error lines: the first ones are shown, the others
+// counted, and the flood is drained to its end without being held.
+TEST_F(ExtensionCommandTest, ErrorFloodShowsABoundedPart) {
+    Errors errors =
+        Run("yes ERROR:x | head -n 5000; echo '<o><string>x</string></o>'")->GetErrors();
+    Errors expected(1000, "x");
+    expected.push_back("... 4000 more error lines not shown");
+    EXPECT_EQ(expected, errors);
+    // 200 MB of long lines: the byte bound cuts the last shown line.
+    errors = Run("yes ERROR:$(printf %0993d 0) | head -n 200000")->GetErrors();
+    ASSERT_LT(2u, errors.size());
+    size_t shownBytes = 0;
+    for (size_t i = 0; i + 1 < errors.size(); ++i) {
+        shownBytes += errors[i].size();
+    }
+    EXPECT_EQ(std::string(993, '0'), errors[0]);
+    EXPECT_EQ("...", errors[errors.size() - 2].substr(errors[errors.size() - 2].size() - 3));
+    EXPECT_EQ(256u * 1024 + 3, shownBytes);
+    EXPECT_EQ("... " + std::to_string(200000 - (errors.size() - 1)) + " more error lines not shown",
+              errors.back());
+}
+
 // The output is read as the program writes it: a leading "ERROR:" split across writes and
 // outputs shorter than that word are still told apart from documents.
 TEST_F(ExtensionCommandTest, OutputWrittenInPiecesIsReadAsAWhole) {

@@ -48,6 +48,15 @@ TEST(TemplateTest, ValuesAreEscapedByPlace) {
     // Each occurrence is escaped for its own place, not for the last one's.
     EXPECT_EQ("p it\\'s a\\;b 'its a;b' it\\'s a\\;b", fill("p $val{xx} '$val{xx}' $val{xx}"));
     EXPECT_EQ("it's a;b\n'it's a;b'", fill("$val{xx}\n'$val{xx}'", true));
+    // Quotes beside a placeholder are not enough: the whole line is read as the shell reads it.
+    EXPECT_EQ("''it\\'s a\\;b'' 'a'it\\'s a\\;b'b'", fill("''$val{xx}'' 'a'$val{xx}'b'"));
+    EXPECT_EQ("\"'it\\'s a\\;b'\" 'x'\\''its a;b'", fill("\"'$val{xx}'\" 'x'\\''$val{xx}'"));
+    // The template's backslash escapes the value's first byte; a '#' would start a comment.
+    EXPECT_EQ("\\'s a\\;b \"\\'s a\\;b\\#\"",
+              Filler(Kind::ParamString, {{"xx", "'s a;b"}})("\\$val{xx} \"\\$val{xx}\\#\""));
+    EXPECT_EQ("p a \\#\\\n#\t\\#", Filler(Kind::ParamString, {{"xx", "a #\n#\t#"}})("p $val{xx}"));
+    // Where the quoting is not followed, the value loses every shell character.
+    EXPECT_EQ("$(echo 'its ab') its ab", fill("$(echo '$val{xx}') $val{xx}"));
     // Lines of a template are one text: a placeholder on a later line is found.
     EXPECT_EQ("p\nit\\'s a\\;b\n", fill("p\n$val{xx}\n"));
 }

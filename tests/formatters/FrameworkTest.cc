@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstring>
 #include <sstream>
 
 #include <boost/regex.hpp>
@@ -71,36 +73,55 @@ std::string FormatWith(char const* printf, std::shared_ptr<MetaObject> const& va
     return AutoCli_FormatField("T", "F", value, params);
 }
 
-TEST(FormatField, OneMatchingConversionIsApplied) {
+TEST(FormatField, EveryFormatThatTakesTheValueIsApplied) {
     EXPECT_EQ(FormatWith("%05ld", MetaInt::New(42), "MB"), "00042 MB");
     EXPECT_EQ(FormatWith("%d", MetaBool::New(true)), "1");
     EXPECT_EQ(FormatWith("%d", MetaInt::New(1L << 40)), "1099511627776");  // all 64 bits
     EXPECT_EQ(FormatWith("[%+lld]", MetaInt::New(-5)), "[-5]");
-    EXPECT_EQ(FormatWith("%#lx", MetaInt::New(255)), "0xff");
+    EXPECT_EQ(FormatWith("%#jx", MetaInt::New(255)), "0xff");
+    EXPECT_EQ(FormatWith("%hd", MetaInt::New(70000)), "4464");
+    EXPECT_EQ(FormatWith("%hhu", MetaInt::New(258)), "2");
     EXPECT_EQ(FormatWith("%c", MetaInt::New(65)), "A");
     EXPECT_EQ(FormatWith("%%%d%%", MetaInt::New(5)), "%5%");
     EXPECT_EQ(FormatWith("%-5.2s|", MetaString::New("abc")), "ab   |");
     EXPECT_EQ(FormatWith("%d", MetaStruct::New("S"), "MB"), " MB");
-    EXPECT_EQ(FormatWith("%d", MetaList::New(MetaType::Int)), "");
+    EXPECT_EQ(FormatWith("%d %d", MetaList::New(MetaType::Int)), "");
     FormatParameters none;
     EXPECT_EQ(AutoCli_FormatField("T", "F", nullptr, none), "NULL Object");
-    // Buffer: 4 (format) + 1 (default text) + 65 bytes, one kept for the terminator.
+    // No conversion at all, or one the C library prints as text.
+    EXPECT_EQ(FormatWith("disk", MetaInt::New(3), "MB"), "disk MB");
+    EXPECT_EQ(FormatWith("100%% %y", MetaString::New("x")), "100% %y");
+    // A number or a truth value asked for as text is its printed form.
+    EXPECT_EQ(FormatWith("%4s|", MetaInt::New(7)), "   7|");
+    EXPECT_EQ(FormatWith("%s", MetaBool::New(true)), MetaBool::New(true)->ToString());
+    EXPECT_EQ(FormatWith("%ld", MetaBool::New(true)), "1");
+    // Buffer: format + default text + 65 bytes, one kept for the terminator; any width or
+    // precision is cut to it, however large.
     EXPECT_EQ(FormatWith("%99d", MetaInt::New(7)), std::string(69, ' '));
-    EXPECT_EQ(FormatWith("%-65535d", MetaInt::New(7)).size(), 8u + 1 + 65 - 1);
+    EXPECT_EQ(FormatWith("%.100000s", MetaString::New("abc")), "abc");
+    EXPECT_EQ(FormatWith("%-1000000000d|", MetaInt::New(7)), "7" + std::string(78, ' '));
+    EXPECT_EQ(FormatWith("%.1000000000d", MetaInt::New(-7)), "-" + std::string(78, '0'));
+    EXPECT_EQ(FormatWith("%2000000000.1000000000x", MetaInt::New(7)), std::string(88, ' '));
+    EXPECT_EQ(FormatWith("%#1000000000.100x", MetaInt::New(7)), std::string(82, ' '));
+    EXPECT_EQ(FormatWith("%#-150.100x", MetaInt::New(7)), "0x" + std::string(74, '0'));
+    EXPECT_EQ(FormatWith("%2147483647d", MetaInt::New(7)).size(), 77u);
 }
 
 TEST(FormatField, FormatsThatCouldReadMissingArgumentsAreRefused) {
     std::string const refused =
-        "Error while handling formatting parameter printf:T.F.  Unable to format field: "
-        "Invalid argument";
-    for (char const* format :
-         {"%s", "%d %d", "%*d", "%.*d", "%n", "%f", "%p", "%hd", "%jd", "%1$d", "%", "%5",
-          "no conversion", "%%", "%ls", "%Lf", "%65536d", "%.100000d", "%-00001000000d"}) {
-        EXPECT_EQ(FormatWith(format, MetaInt::New(3), "MB"), refused) << format;
+        "Error while handling formatting parameter printf:T.F.  Unable to format field: ";
+    std::string const invalid = refused + "Invalid argument";
+    for (char const* format : {"%d %d", "%s%s", "%*d", "%.*d", "%n", "%f", "%p", "%m", "%1$d", "%",
+                               "%5", "50%", "%ls", "%lc", "%Lf", "%S"}) {
+        EXPECT_EQ(FormatWith(format, MetaInt::New(3), "MB"), invalid) << format;
     }
-    EXPECT_EQ(FormatWith("%d", MetaString::New("x")), refused);
-    EXPECT_EQ(FormatWith("%s", MetaBool::New(true)), refused);
-    EXPECT_EQ(FormatWith("%ld", MetaBool::New(true)), refused);
+    EXPECT_EQ(FormatWith("%d", MetaString::New("x")), invalid);
+    EXPECT_EQ(FormatWith("%c", MetaString::New("x")), invalid);
+    // Results longer than an int, as the C library reports them.
+    std::string const tooLarge = refused + std::strerror(EOVERFLOW);
+    EXPECT_EQ(FormatWith("%2147483648d", MetaInt::New(3)), tooLarge);
+    EXPECT_EQ(FormatWith("%.99999999999999s", MetaString::New("x")), tooLarge);
+    EXPECT_EQ(FormatWith("ab%2147483647d", MetaInt::New(3)), tooLarge);
 }
 
 struct FitCase {

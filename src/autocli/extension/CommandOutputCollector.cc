@@ -9,23 +9,6 @@ namespace AutoCli {
 
 namespace {
 
-std::string const kErrorLinePrefix = "ERROR:";
-
-// Leading "ERROR:" lines, each the rest of its line; they stop at the first other line.
-void AddErrorLines(std::string const& text, CallSpec::Output& output) {
-    size_t pos = 0;
-    while (text.compare(pos, kErrorLinePrefix.size(), kErrorLinePrefix) == 0) {
-        size_t start = pos + kErrorLinePrefix.size();
-        size_t newline = text.find('\n', start);
-        if (newline == std::string::npos) {
-            output.AddErrorMessage(text.substr(start));
-            return;
-        }
-        output.AddErrorMessage(text.substr(start, newline - start));
-        pos = newline + 1;
-    }
-}
-
 template <typename Read>
 void StoreValue(CallSpec::Output& output, Read read) {
     try {
@@ -47,36 +30,41 @@ void CommandOutputCollector::Add(char const* data, size_t length) {
         document.Feed(data, length);
         return;
     }
+    if (mode == Mode::ErrorLines) {
+        errorLines.Add(data, length);
+        return;
+    }
     text.append(data, length);
-    if (mode == Mode::Undecided && text.size() >= kErrorLinePrefix.size()) {
+    if (mode == Mode::Undecided && text.size() >= ErrorLineCollector::Prefix().size()) {
         Decide();
     }
 }
 
 void CommandOutputCollector::Decide() {
-    if (text.compare(0, kErrorLinePrefix.size(), kErrorLinePrefix) == 0) {
+    if (text.compare(0, ErrorLineCollector::Prefix().size(), ErrorLineCollector::Prefix()) == 0) {
         mode = Mode::ErrorLines;
-        return;
+        errorLines.Add(text.data(), text.size());
+    } else {
+        mode = Mode::Document;
+        document.Feed(text.data(), text.size());
     }
-    mode = Mode::Document;
-    document.Feed(text.data(), text.size());
     std::string().swap(text);
 }
 
 void CommandOutputCollector::DeliverTo(CallSpec::Output& output) {
-    if (mode == Mode::Document) {
-        DeliverDocument(output);
-    } else {
-        DeliverText(output);
+    switch (mode) {
+        case Mode::ErrorLines:
+            errorLines.DeliverTo(output);
+            break;
+        case Mode::Document:
+            DeliverDocument(output);
+            break;
+        case Mode::Undecided:
+        default:
+            // Shorter than an error line's prefix: only a (broken) document.
+            StoreValue(output, [&] { return XmlUtil_ParseXmlOutput(text); });
+            break;
     }
-}
-
-void CommandOutputCollector::DeliverText(CallSpec::Output& output) {
-    AddErrorLines(text, output);
-    if (output.HasError()) {
-        return;
-    }
-    StoreValue(output, [&] { return XmlUtil_ParseXmlOutput(text); });
 }
 
 void CommandOutputCollector::DeliverDocument(CallSpec::Output& output) {

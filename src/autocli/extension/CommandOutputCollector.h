@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "autocli/extension/ErrorLineCollector.h"
 #include "autocli/extension/OutputDocumentReader.h"
 #include "tindra/callspec/Output.h"
 
@@ -11,8 +12,8 @@ namespace Tindra {
 namespace AutoCli {
 
 // What an extension command's program writes, taken as it arrives. Output that begins with
-// an "ERROR:" line is kept as text; any other output goes straight to the document reader,
-// so that a document of any size is never held whole.
+// an "ERROR:" line goes to the error lines, which keep a bounded part of it; any other output
+// goes straight to the document reader, so that no output of any size is ever held whole.
 class CommandOutputCollector {
 public:
     void Add(char const* data, size_t length);
@@ -24,11 +25,11 @@ private:
     enum class Mode { Undecided, ErrorLines, Document };
 
     void Decide();
-    void DeliverText(CallSpec::Output& output);
     void DeliverDocument(CallSpec::Output& output);
 
     Mode mode = Mode::Undecided;
-    std::string text;  // everything so far, until the output is known to be a document
+    std::string text;  // everything so far, until it is known what the output is
+    ErrorLineCollector errorLines;
     OutputDocumentStream document;
     size_t received = 0;
 };

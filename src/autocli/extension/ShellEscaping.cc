@@ -66,5 +66,49 @@ std::string EscapeInsideDoubleQuotes(std::string const& text) {
         text, [](char c) { return c == '$' || c == '`' || c == '\\' || c == '"'; });
 }
 
+namespace {
+
+// SanitizeInput, and a '#' that would begin a word escaped too: it would make the rest of the
+// line a comment, which a line feed in the value would end, even an escaped one.
+std::string SanitizeUnquoted(std::string const& value, bool atWordStart) {
+    std::string escaped;
+    escaped.reserve(value.size() + value.size() / 8);
+    for (char c : value) {
+        if (isBadChar(c) || (c == '#' && atWordStart)) {
+            escaped.push_back('\\');
+        }
+        escaped.push_back(c);
+        // An escaped line feed vanishes with its backslash; other escaped bytes are literal.
+        atWordStart = c == ' ' || c == '\t' || (c == '\n' && atWordStart);
+    }
+    return escaped;
+}
+
+}  // namespace
+
+std::string EscapeForPlace(std::string const& value, ShellPlace place, DoubleQuoteEscape inDouble,
+                           bool atWordStart) {
+    switch (place) {
+        case ShellPlace::Unquoted:
+            return SanitizeUnquoted(value, atWordStart);
+        case ShellPlace::DoubleQuoted:
+            return inDouble == DoubleQuoteEscape::Minimal ? EscapeInsideDoubleQuotes(value)
+                                                          : SanitizeInput(value);
+        case ShellPlace::SingleQuoted:
+            return SanitizeChar(value, '\'');
+        case ShellPlace::Opaque:
+        default:
+            break;
+    }
+    std::string kept;
+    kept.reserve(value.size());
+    for (char c : value) {
+        if (!isBadChar(c)) {
+            kept.push_back(c);
+        }
+    }
+    return kept;
+}
+
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -12,30 +12,7 @@ namespace AutoCli {
 
 namespace {
 
-char const kSingleQuote = '\'';
 char const kDoubleQuote = '"';
-
-// The template puts the occurrence between single quotes of its own.
-bool IsBetweenSingleQuotes(std::string const& text, size_t begin, size_t end) {
-    return begin > 0 && end < text.size() && text[begin - 1] == kSingleQuote &&
-           text[end] == kSingleQuote;
-}
-
-// Replaces each match with the text made for that match; the text itself is replaced only
-// at the end, so the maker may look at it.
-template <typename MakeReplacement>
-void ReplaceEach(std::string& text, boost::regex const& pattern, MakeReplacement make) {
-    std::string replaced;
-    size_t copied = 0;
-    for (boost::sregex_iterator it(text.begin(), text.end(), pattern), end; it != end; ++it) {
-        size_t begin = static_cast<size_t>(it->position());
-        replaced.append(text, copied, begin - copied);
-        replaced += make(begin, begin + static_cast<size_t>(it->length()));
-        copied = begin + static_cast<size_t>(it->length());
-    }
-    replaced.append(text, copied, std::string::npos);
-    text = std::move(replaced);
-}
 
 void ReplaceAllLiterally(std::string& text, boost::regex const& pattern,
                          std::string const& replacement) {
@@ -62,22 +39,19 @@ private:
                                   WholeTemplateTest(kind, name));
     }
 
-    // Each occurrence gets the value for its own place: quotes removed between the template's
-    // single quotes, shell characters escaped elsewhere.
+    // On the command line each occurrence is escaped for its own place when the text is
+    // rendered.
     void FillValues() {
-        if (!Matches(Placeholder::Val)) {
-            return;
+        if (Matches(Placeholder::Val)) {
+            std::string const& value = input.GetParameter(name);
+            ReplaceAllLiterally(text, ReplacedPattern(Placeholder::Val, name),
+                                Token(value, DoubleQuoteEscape::Sanitize));
         }
-        std::string const& value = input.GetParameter(name);
-        if (forStdin) {
-            ReplaceAllLiterally(text, ReplacedPattern(Placeholder::Val, name), work.Insert(value));
-            return;
-        }
-        std::string const quoted = work.Insert(SanitizeChar(value, kSingleQuote));
-        std::string const unquoted = work.Insert(SanitizeInput(value));
-        ReplaceEach(text, ReplacedPattern(Placeholder::Val, name), [&](size_t begin, size_t end) {
-            return IsBetweenSingleQuotes(text, begin, end) ? quoted : unquoted;
-        });
+    }
+
+    std::string Token(std::string value, DoubleQuoteEscape inDouble) {
+        return forStdin ? work.Insert(std::move(value))
+                        : work.InsertForShell(std::move(value), inDouble);
     }
 
     void FillConditionals() {
@@ -97,9 +71,9 @@ private:
             input.GetParameterListAsString(name, separator.empty() ? '\0' : separator[0], false);
         if (!forStdin) {
             // A command line cannot carry zero bytes: an empty separator joins with nothing.
-            joined = SanitizeInput(SanitizeChar(joined, '\0'));
+            joined = SanitizeChar(joined, '\0');
         }
-        std::string value = work.Insert(std::move(joined));
+        std::string value = Token(std::move(joined), DoubleQuoteEscape::Sanitize);
         if (quote) {
             value = kDoubleQuote + value + kDoubleQuote;
         }
@@ -117,22 +91,20 @@ private:
         input.GetParameterList(name, items);
         std::string assembled;
         for (std::string const& item : items) {
-            std::string const value = work.Insert(ItemForMultilist(item, quote));
             assembled += " " + option + " ";
-            assembled += quote ? kDoubleQuote + value + kDoubleQuote : value;
+            assembled += quote ? kDoubleQuote + QuotedItem(item) + kDoubleQuote
+                               : Token(item, DoubleQuoteEscape::Sanitize);
         }
         ReplaceAllLiterally(text, ReplacedPattern(Placeholder::Multilist, name), assembled);
     }
 
-    std::string ItemForMultilist(std::string const& item, bool quote) const {
+    // Inside its own double quotes an item loses its double quotes; what the shell still reads
+    // there is escaped, and nothing more.
+    std::string QuotedItem(std::string const& item) {
         if (forStdin) {
-            return item;
+            return work.Insert(item);
         }
-        if (!quote) {
-            return SanitizeInput(item);
-        }
-        // Double quotes would still let the shell expand $, backquotes and backslashes.
-        return EscapeInsideDoubleQuotes(SanitizeChar(item, kDoubleQuote));
+        return work.InsertForShell(SanitizeChar(item, kDoubleQuote), DoubleQuoteEscape::Minimal);
     }
 
     TemplateText& work;

@@ -1,6 +1,7 @@
 #include "autocli/formatters/PrintfFormat.h"
 
 #include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -15,43 +16,127 @@ namespace AutoCli {
 
 namespace {
 
-bool IsFlag(char c) {
-    return std::strchr("-+ #0'", c) != nullptr && c != '\0';
+using Conversion = PrintfFormat::Conversion;
+unsigned long long const kBeyondInt = static_cast<unsigned long long>(INT_MAX) + 1;
+
+bool IsIn(char c, char const* set) {
+    return c != '\0' && std::strchr(set, c) != nullptr;
 }
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
-bool IsIntegerConversion(char c) {
-    return c != '\0' && std::strchr("diuxXoc", c) != nullptr;
+bool IsIntegerKind(char c) {
+    return IsIn(c, "diouxXbB");
+}
+// Every conversion the C library knows; any other letter it prints as text.
+bool IsKnownKind(char c) {
+    return IsIntegerKind(c) || IsIn(c, "cspnmCSeEfFgGaA");
 }
 
-size_t SkipWhile(std::string const& text, size_t at, bool (*accept)(char)) {
-    while (at < text.size() && accept(text[at])) {
-        ++at;
+// Reads digits at `at`, saturating just above the largest int.
+std::optional<unsigned long long> ReadNumber(std::string const& text, size_t& at) {
+    if (at >= text.size() || !IsDigit(text[at])) {
+        return std::nullopt;
     }
-    return at;
+    unsigned long long number = 0;
+    for (; at < text.size() && IsDigit(text[at]); ++at) {
+        number = std::min(kBeyondInt, number * 10 + static_cast<unsigned>(text[at] - '0'));
+    }
+    return number;
 }
 
-// Wider fields than the widest screen only make the C library pad for seconds into a buffer that
-// keeps a few dozen bytes of it, so such widths and precisions are refused.
-constexpr unsigned long kWidestField = 65535;
-
-size_t SkipNumber(std::string const& text, size_t at, bool& tooWide) {
-    size_t const end = SkipWhile(text, at, IsDigit);
-    size_t const digits = end - at;
-    tooWide =
-        tooWide || digits > 5 || (digits > 0 && std::stoul(text.substr(at, digits)) > kWidestField);
-    return end;
-}
-
-size_t LengthModifierEnd(std::string const& text, size_t at) {
-    static char const* const modifiers[] = {"hh", "ll", "h", "l", "L", "q", "j", "z", "t"};
+std::string ReadLengthModifier(std::string const& text, size_t& at) {
+    static char const* const modifiers[] = {"hh", "ll", "h", "l", "L", "q", "j", "z", "Z", "t"};
     for (char const* modifier : modifiers) {
         if (text.compare(at, std::strlen(modifier), modifier) == 0) {
-            return at + std::strlen(modifier);
+            at += std::strlen(modifier);
+            return modifier;
         }
     }
-    return at;
+    return std::string();
+}
+
+// The conversion starting after the '%' at `at`; `at` ends after it. Kind stays 0 when the
+// text ends first; '*' and '$' (arguments read from elsewhere) give kind '*'.
+Conversion ReadConversion(std::string const& text, size_t& at) {
+    Conversion found;
+    while (at < text.size() && IsIn(text[at], "-+ #0'I")) {
+        found.flags += text[at++];
+    }
+    found.width = ReadNumber(text, at);
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        found.precision = ReadNumber(text, at).value_or(0);
+    }
+    found.lengthModifier = ReadLengthModifier(text, at);
+    if (at < text.size()) {
+        char const kind = text[at++];
+        found.kind = kind == '*' || kind == '$' ? '*' : kind;
+    }
+    return found;
+}
+
+// The conversion rewritten so that the C library never pads or fills further than the buffer
+// shows: widths and precisions beyond it are brought down to sizes that show the same bytes,
+// and `removed` is what the whole result is thereby shortened by.
+struct ShortenedConversion {
+    std::string text;
+    unsigned long long removed = 0;
+};
+
+ShortenedConversion Shorten(Conversion const& conversion, char const* lengthModifier,
+                            size_t bufferSize, size_t stringLength) {
+    unsigned long long const shown = bufferSize - 1;
+    unsigned long long width = conversion.width.value_or(0);
+    std::optional<unsigned long long> precision = conversion.precision;
+    ShortenedConversion shortened;
+    if (precision && conversion.kind == 's') {
+        precision = std::min<unsigned long long>(*precision, stringLength);
+    } else if (precision && *precision > shown + 1) {
+        // Leading zeros beyond the shown bytes: fewer of them, and the width shortened alike.
+        unsigned long long const shift = *precision - (shown + 1);
+        width = width > *precision ? width - shift : std::min(width, shown + 1);
+        precision = shown + 1;
+        shortened.removed = shift;
+    }
+    unsigned long long const widest = 2 * bufferSize + 64;
+    if (width > widest) {
+        shortened.removed += width - widest;
+        width = widest;
+    }
+    shortened.text = "%" + conversion.flags;
+    if (conversion.width) {
+        shortened.text += std::to_string(width);
+    }
+    if (precision) {
+        shortened.text += "." + std::to_string(*precision);
+    }
+    shortened.text += lengthModifier;
+    shortened.text += conversion.kind;
+    return shortened;
+}
+
+// Formats into a zero-filled buffer of `size` bytes and keeps what fits. Returns the length of
+// the whole result, `removed` included.
+int PrintCut(size_t size, unsigned long long removed, std::string& text, char const* format, ...) {
+    std::vector<char> buffer(size, '\0');
+    va_list arguments;
+    va_start(arguments, format);
+    int const result = std::vsnprintf(buffer.data(), size, format, arguments);
+    va_end(arguments);
+    if (result < 0) {
+        return result;
+    }
+    if (static_cast<unsigned long long>(result) + removed >= kBeyondInt) {
+        errno = EOVERFLOW;
+        return -1;
+    }
+    text.assign(buffer.data());
+    return result + static_cast<int>(removed);
+}
+
+size_t BufferSize(std::string const& format, std::string_view defaultText) {
+    return format.size() + defaultText.size() + 65;
 }
 
 }  // namespace
@@ -60,91 +145,99 @@ PrintfFormat::PrintfFormat(std::string format) : format(std::move(format)) {
     Analyse();
 }
 
-// Finds the one conversion; anything unusual ('*', '$', a second conversion, a dangling '%')
-// leaves `conversion` at 0 so that the format is refused for every kind of value.
 void PrintfFormat::Analyse() {
-    bool tooWide = false;
-    size_t conversions = 0;
-    size_t lengthBegin = 0;
-    size_t lengthEnd = 0;
-    char found = 0;
-    for (size_t i = 0; i < format.size(); ++i) {
-        if (format[i] != '%') {
+    std::string* literal = &before;
+    for (size_t i = 0; i < format.size();) {
+        if (format[i] != '%' || format.compare(i, 2, "%%") == 0) {
+            size_t const length = format[i] == '%' ? 2 : 1;
+            literal->append(format, i, length);
+            i += length;
             continue;
         }
-        if (i + 1 < format.size() && format[i + 1] == '%') {
-            ++i;
-            continue;
-        }
-        size_t at = SkipWhile(format, i + 1, IsFlag);
-        at = SkipNumber(format, at, tooWide);
-        if (at < format.size() && format[at] == '.') {
-            at = SkipNumber(format, at + 1, tooWide);
-        }
-        lengthBegin = at;
-        lengthEnd = LengthModifierEnd(format, at);
-        if (lengthEnd >= format.size() || ++conversions > 1) {
+        size_t at = i + 1;
+        Conversion found = ReadConversion(format, at);
+        if (found.kind == 0) {
+            refusal = EINVAL;  // a '%' without a conversion, as the C library answers it
             return;
         }
-        found = format[lengthEnd];
-        i = lengthEnd;
+        if (!IsKnownKind(found.kind) && found.kind != '*') {
+            *literal += "%%" + format.substr(i + 1, at - i - 1);
+        } else if (conversion || found.kind == '*') {
+            refusal = EINVAL;
+            return;
+        } else {
+            conversion = std::move(found);
+            literal = &after;
+        }
+        i = at;
     }
-    if (tooWide || conversions != 1 || (found != 's' && !IsIntegerConversion(found))) {
-        return;
+    if (conversion && (conversion->width.value_or(0) >= kBeyondInt ||
+                       conversion->precision.value_or(0) >= kBeyondInt)) {
+        refusal = EOVERFLOW;
     }
-    conversion = found;
-    lengthModifier = format.substr(lengthBegin, lengthEnd - lengthBegin);
-    integerFormat =
-        format.substr(0, lengthBegin) + (conversion == 'c' ? "" : "l") + format.substr(lengthEnd);
-    fitsBool = IsIntegerConversion(conversion) && lengthModifier.empty();
-    fitsInt = IsIntegerConversion(conversion) &&
-              (lengthModifier.empty() || lengthModifier == "l" || lengthModifier == "ll");
-    fitsString = conversion == 's' && lengthModifier.empty();
 }
 
 int PrintfFormat::Write(MetaObj::MetaObject const& value, std::string_view defaultText,
                         std::string& text) const {
     using namespace MetaObj;
+    long number = 0;
+    auto const* string = dynamic_cast<MetaString const*>(&value);
     if (auto const* flag = dynamic_cast<MetaBool const*>(&value)) {
-        if (fitsBool) {
-            return Print(defaultText, text, format.c_str(), flag->GetValue() ? 1 : 0);
-        }
-    } else if (auto const* number = dynamic_cast<MetaInt const*>(&value)) {
-        if (fitsInt && conversion == 'c') {
-            return Print(defaultText, text, integerFormat.c_str(),
-                         static_cast<int>(number->GetValue()));
-        }
-        if (fitsInt) {
-            return Print(defaultText, text, integerFormat.c_str(), number->GetValue());
-        }
-    } else if (auto const* string = dynamic_cast<MetaString const*>(&value)) {
-        if (fitsString) {
-            return Print(defaultText, text, format.c_str(), string->GetValue().c_str());
-        }
-    } else {
+        number = flag->GetValue() ? 1 : 0;
+    } else if (auto const* integer = dynamic_cast<MetaInt const*>(&value)) {
+        number = integer->GetValue();
+    } else if (string == nullptr) {
         text.clear();
         return 0;
+    }
+    if (refusal != 0) {
+        errno = refusal;
+        return -1;
+    }
+    if (!conversion) {
+        return PrintCut(BufferSize(format, defaultText), 0, text, before.c_str());
+    }
+    if (conversion->kind == 's' && conversion->lengthModifier.empty()) {
+        // A number printed as text is its printed form.
+        std::string const printed(defaultText);
+        return WriteString(string != nullptr ? string->GetValue().c_str() : printed.c_str(),
+                           defaultText, text);
+    }
+    if (string == nullptr) {
+        return WriteInteger(number, defaultText, text);
     }
     errno = EINVAL;
     return -1;
 }
 
-// The buffer is sized from the format and the default text; longer results are cut, as the
-// user asked for a field, not for unbounded output. Most fit on the stack.
-int PrintfFormat::Print(std::string_view defaultText, std::string& text, char const* fmt,
-                        ...) const {
-    size_t const size = format.size() + defaultText.size() + 65;
-    char onStack[256];
-    std::vector<char> onHeap(size > sizeof(onStack) ? size : 0);
-    char* const buffer = onHeap.empty() ? onStack : onHeap.data();
-    va_list arguments;
-    va_start(arguments, fmt);
-    int const result = std::vsnprintf(buffer, size, fmt, arguments);
-    va_end(arguments);
-    if (result >= 0) {
-        text.assign(buffer);
+int PrintfFormat::WriteInteger(long number, std::string_view defaultText, std::string& text) const {
+    std::string const& modifier = conversion->lengthModifier;
+    bool const narrow = modifier == "h" || modifier == "hh";
+    size_t const size = BufferSize(format, defaultText);
+    if (IsIntegerKind(conversion->kind)) {
+        // Every wider modifier reads the value as the 64-bit number it is.
+        ShortenedConversion const shortened =
+            Shorten(*conversion, narrow ? modifier.c_str() : "l", size, 0);
+        std::string const full = before + shortened.text + after;
+        return narrow
+                   ? PrintCut(size, shortened.removed, text, full.c_str(), static_cast<int>(number))
+                   : PrintCut(size, shortened.removed, text, full.c_str(), number);
     }
-    return result;
+    if (conversion->kind == 'c' && modifier.empty()) {
+        ShortenedConversion const shortened = Shorten(*conversion, "", size, 0);
+        std::string const full = before + shortened.text + after;
+        return PrintCut(size, shortened.removed, text, full.c_str(), static_cast<int>(number));
+    }
+    errno = EINVAL;
+    return -1;
+}
+
+int PrintfFormat::WriteString(char const* string, std::string_view defaultText,
+                              std::string& text) const {
+    size_t const size = BufferSize(format, defaultText);
+    ShortenedConversion const shortened = Shorten(*conversion, "", size, std::strlen(string));
+    std::string const full = before + shortened.text + after;
+    return PrintCut(size, shortened.removed, text, full.c_str(), string);
 }
 
 }  // namespace AutoCli
