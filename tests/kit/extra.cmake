@@ -38,3 +38,9 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_PLUGIN_DIR="${TINDRA_PLUGIN_DIR}"
   TINDRA_VERSION="${PROJECT_VERSION}"
   TINDRA_SOVERSION="${PROJECT_VERSION_MAJOR}")
+
+# What the shared library exports, against the public headers.
+find_program(TINDRA_CXXFILT_PROGRAM c++filt REQUIRED)
+add_test(NAME ExportedSymbols.MatchThePublicHeaders
+         COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/kit/exported_symbols.sh $<TARGET_FILE:tindra>
+                 ${PROJECT_SOURCE_DIR}/include ${CMAKE_NM} ${TINDRA_CXXFILT_PROGRAM})
