@@ -326,17 +326,17 @@ TEST(AuthorBuild, PkgConfigBuiltPluginsRunByFileAndByDirectory) {
 }
 
 // A program, not a plug-in, that reads XML with the library's readers: it brings libxml2 itself
-// (the system's), while plug-ins above build without libxml2's include path at all.
+// (the system's), while the plug-ins above build without libxml2's include path at all. A
+// program, unlike a plug-in, must bring the sanitizer runtime of a sanitized library itself.
 TEST(AuthorBuild, XmlReadersWorkThroughTheInstalledHeaders) {
-    Words command = {TINDRA_CXX_COMPILER, "-Wall", "-Wextra", "-Werror"};
-    auto const libxml = [](std::string const& query) {
-        return SplitWords(RunTool({TINDRA_PKG_CONFIG, query, "libxml-2.0"}));
-    };
     std::string const program = Work().path + "/xml-readers";
-    for (auto const& part : {SplitWords(PkgConfig("--cflags")), libxml("--cflags"),
-                             Words{kAuthorSources + "/XmlReaders.cpp",
-                                   kAuthorSources + "/ParsedDocument.cpp", "-o", program},
-                             SplitWords(PkgConfig("--libs")), libxml("--libs")})
+    Words command = {TINDRA_CXX_COMPILER, "-Wall", "-Wextra", "-Werror",
+                     "-I" TINDRA_LIBXML2_INCLUDE};
+    for (auto const& part :
+         {SplitWords(PkgConfig("--cflags")), SplitWords(TINDRA_PROGRAM_SANITIZE),
+          Words{kAuthorSources + "/XmlReaders.cpp", kAuthorSources + "/ParsedDocument.cpp", "-o",
+                program, TINDRA_LIBXML2_LIBRARY},
+          SplitWords(PkgConfig("--libs"))})
         command.insert(command.end(), part.begin(), part.end());
     RunTool(command);
     ExpectRun(RunWith({program}, {"LD_LIBRARY_PATH=" + Kit().libDir}), 0, "", "");

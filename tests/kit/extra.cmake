@@ -24,7 +24,12 @@ endfunction()
 tindra_kit_default_targets(${PROJECT_SOURCE_DIR} installed)
 add_dependencies(${target} ${installed})
 target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
+set(programSanitize "")
+if(TINDRA_SANITIZE)
+  set(programSanitize "-fsanitize=address,undefined")
+endif()
 target_compile_definitions(${target} PRIVATE
+  TINDRA_PROGRAM_SANITIZE="${programSanitize}"
   TINDRA_BUILD_DIR="${PROJECT_BINARY_DIR}"
   TINDRA_CMAKE_COMMAND="${CMAKE_COMMAND}"
   TINDRA_CMAKE_GENERATOR="${CMAKE_GENERATOR}"
@@ -32,6 +37,8 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_CXX_COMPILER="${CMAKE_CXX_COMPILER}"
   TINDRA_PKG_CONFIG="${TINDRA_PKG_CONFIG_PROGRAM}"
   TINDRA_READELF="${TINDRA_READELF_PROGRAM}"
+  TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
+  TINDRA_LIBXML2_LIBRARY="${LIBXML2_LIBRARY}"
   TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
   TINDRA_INSTALL_LIBDIR="${CMAKE_INSTALL_LIBDIR}"
   TINDRA_INSTALL_BINDIR="${CMAKE_INSTALL_BINDIR}"
