@@ -74,3 +74,15 @@ echo "ratio (median of rounds):    $(awk '{ printf "%.3f\n", $2 / $1 }' "$work/r
 if ! grep -q -- ' - -$' "$work/rounds"; then
     echo "processor time ratio:        $(awk '{ printf "%.3f\n", $4 / $3 }' "$work/rounds" | median)"
 fi
+
+# Times on a shared machine swing widely; instruction counts, the loader's included, do not.
+if command -v valgrind >/dev/null 2>&1; then
+    instructions() {
+        valgrind --tool=callgrind --callgrind-out-file=/dev/null "$@" 2>&1 >/dev/null |
+            awk '/refs:/ { gsub(",", "", $NF); print $NF }'
+    }
+    base_i=$(instructions "$base")
+    tool_i=$(instructions $tool)
+    awk -v b="$base_i" -v t="$tool_i" 'BEGIN {
+        printf "instructions:                %.2f M against %.2f M, ratio %.3f\n", t / 1e6, b / 1e6, t / b }'
+fi
