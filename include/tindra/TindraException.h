@@ -4,10 +4,12 @@
 #include <exception>
 #include <string>
 
+#include "tindra/Export.h"
+
 namespace Tindra {
 
 // The library's one exception type: a message and nothing else.
-class TindraException : public std::exception {
+class TINDRA_EXPORT TindraException : public std::exception {
 public:
     explicit TindraException(std::string const& message) : message_(message) {}
     explicit TindraException(std::string&& message) : message_(std::move(message)) {}

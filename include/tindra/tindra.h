@@ -3,6 +3,7 @@
 
 // The whole public interface of libtindra, for plug-in authors and the tool itself.
 
+#include "tindra/Export.h"
 #include "tindra/TindraException.h"
 
 #include "tindra/metaobj/MetaBool.h"
@@ -49,9 +50,13 @@
 #include "tindra/autocli/extension/ShellCmd.h"
 
 #include "tindra/autocli/plugins/CommandList.h"
+#include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "tindra/autocli/plugins/InternalPlugin.h"
 #include "tindra/autocli/plugins/SharedLibraryPlugin.h"
 #include "tindra/autocli/plugins/XmlPlugin.h"
+
+#include "tindra/autocli/xml/XmlNode.h"
+#include "tindra/autocli/xml/XmlUtil.h"
 
 #include "tindra/autocli/cli/CliDispatcher.h"
 #include "tindra/autocli/cli/OptionParser.h"

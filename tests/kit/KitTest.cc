@@ -325,4 +325,21 @@ TEST(AuthorBuild, PkgConfigBuiltPluginsRunByFileAndByDirectory) {
     ExpectSameClassesApartAndExampleAsInstalled(built);
 }
 
+// A program, not a plug-in, that reads XML with the library's readers: it brings libxml2 itself
+// (the system's), while the plug-ins above build without libxml2's include path at all. A
+// program, unlike a plug-in, must bring the sanitizer runtime of a sanitized library itself.
+TEST(AuthorBuild, XmlReadersWorkThroughTheInstalledHeaders) {
+    std::string const program = Work().path + "/xml-readers";
+    Words command = {TINDRA_CXX_COMPILER, "-Wall", "-Wextra", "-Werror",
+                     "-I" TINDRA_LIBXML2_INCLUDE};
+    for (auto const& part :
+         {SplitWords(PkgConfig("--cflags")), SplitWords(TINDRA_PROGRAM_SANITIZE),
+          Words{kAuthorSources + "/XmlReaders.cpp", kAuthorSources + "/ParsedDocument.cpp", "-o",
+                program, TINDRA_LIBXML2_LIBRARY},
+          SplitWords(PkgConfig("--libs"))})
+        command.insert(command.end(), part.begin(), part.end());
+    RunTool(command);
+    ExpectRun(RunWith({program}, {"LD_LIBRARY_PATH=" + Kit().libDir}), 0, "", "");
+}
+
 }  // namespace

@@ -24,7 +24,12 @@ endfunction()
 tindra_kit_default_targets(${PROJECT_SOURCE_DIR} installed)
 add_dependencies(${target} ${installed})
 target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
+set(programSanitize "")
+if(TINDRA_SANITIZE)
+  set(programSanitize "-fsanitize=address,undefined")
+endif()
 target_compile_definitions(${target} PRIVATE
+  TINDRA_PROGRAM_SANITIZE="${programSanitize}"
   TINDRA_BUILD_DIR="${PROJECT_BINARY_DIR}"
   TINDRA_CMAKE_COMMAND="${CMAKE_COMMAND}"
   TINDRA_CMAKE_GENERATOR="${CMAKE_GENERATOR}"
@@ -32,9 +37,17 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_CXX_COMPILER="${CMAKE_CXX_COMPILER}"
   TINDRA_PKG_CONFIG="${TINDRA_PKG_CONFIG_PROGRAM}"
   TINDRA_READELF="${TINDRA_READELF_PROGRAM}"
+  TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
+  TINDRA_LIBXML2_LIBRARY="${LIBXML2_LIBRARY}"
   TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
   TINDRA_INSTALL_LIBDIR="${CMAKE_INSTALL_LIBDIR}"
   TINDRA_INSTALL_BINDIR="${CMAKE_INSTALL_BINDIR}"
   TINDRA_PLUGIN_DIR="${TINDRA_PLUGIN_DIR}"
   TINDRA_VERSION="${PROJECT_VERSION}"
   TINDRA_SOVERSION="${PROJECT_VERSION_MAJOR}")
+
+# What the shared library exports, against the public headers.
+find_program(TINDRA_CXXFILT_PROGRAM c++filt REQUIRED)
+add_test(NAME ExportedSymbols.MatchThePublicHeaders
+         COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/kit/exported_symbols.sh $<TARGET_FILE:tindra>
+                 ${PROJECT_SOURCE_DIR}/include ${CMAKE_NM} ${TINDRA_CXXFILT_PROGRAM})

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Input.h"
 #include "tindra/callspec/Output.h"
 
@@ -10,7 +11,7 @@ namespace Tindra {
 namespace CallSpec {
 
 // Something that can be called with an input and fills an output.
-class CallTarget {
+class TINDRA_EXPORT CallTarget {
 public:
     virtual ~CallTarget() = default;
     virtual void Execute(std::shared_ptr<Input> input, std::shared_ptr<Output> output) = 0;

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/InputSpec.h"
 #include "tindra/callspec/OutputSpec.h"
 
@@ -10,7 +11,7 @@ namespace Tindra {
 namespace CallSpec {
 
 // What a callable declares: its input and its output.
-class CallTargetSpec {
+class TINDRA_EXPORT CallTargetSpec {
 public:
     virtual ~CallTargetSpec() = default;
     virtual std::shared_ptr<InputSpec> GetInputSpec() = 0;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/InputSpec.h"
 #include "tindra/callspec/ParameterSpec.h"
 
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace CallSpec {
 
 // One call's actual input: text values per parameter name, plus caller-supplied contexts.
-class Input {
+class TINDRA_EXPORT Input {
 public:
     using ParameterMap = std::map<std::string, std::vector<std::string>>;
 

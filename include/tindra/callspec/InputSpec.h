@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Output.h"
 #include "tindra/callspec/ParameterSpec.h"
 
@@ -15,7 +16,7 @@ namespace CallSpec {
 class Input;
 
 // The declared input of a command: its parameters, sorted by long name, and its contexts.
-class InputSpec {
+class TINDRA_EXPORT InputSpec {
 public:
     static std::shared_ptr<InputSpec> New();
 

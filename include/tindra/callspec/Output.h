@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaObject.h"
 #include "tindra/metaobj/MetaStruct.h"
@@ -14,7 +15,7 @@ namespace Tindra {
 namespace CallSpec {
 
 // The result of one call: a root value, error messages in order, and what kind of output it is.
-class Output {
+class TINDRA_EXPORT Output {
 public:
     enum OutputType : uint32_t { Normal = 0, Help = 2 };
 

@@ -5,13 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Output.h"
 
 namespace Tindra {
 namespace CallSpec {
 
 // What a command returns: a template value that real output is checked against.
-class OutputSpec {
+class TINDRA_EXPORT OutputSpec {
 public:
     static std::shared_ptr<OutputSpec> New();
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Output.h"
 
 namespace Tindra {
@@ -21,7 +22,7 @@ enum ParameterConstraintType : uint32_t {
 };
 
 // Narrows the values a parameter accepts: a range, an integer set, a string set or a pattern.
-class ParameterConstraint {
+class TINDRA_EXPORT ParameterConstraint {
 public:
     explicit ParameterConstraint(ParameterConstraintType type) : type(type) {}
     static std::shared_ptr<ParameterConstraint> New(ParameterConstraintType type);

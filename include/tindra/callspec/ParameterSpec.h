@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Output.h"
 #include "tindra/callspec/ParameterConstraint.h"
 
@@ -24,7 +25,7 @@ enum ParameterType : uint32_t {
 };
 
 // Declares one named parameter of a command and checks the text values given for it.
-class ParameterSpec {
+class TINDRA_EXPORT ParameterSpec {
 public:
     ParameterSpec(std::string&& name, ParameterType type);
 

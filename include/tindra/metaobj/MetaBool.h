@@ -1,13 +1,14 @@
 #ifndef TINDRA_METAOBJ_METABOOL_H
 #define TINDRA_METAOBJ_METABOOL_H
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaObject.h"
 
 namespace Tindra {
 namespace MetaObj {
 
 // Immutable boolean; only the two shared instances ever exist.
-class MetaBool : public MetaObject {
+class TINDRA_EXPORT MetaBool : public MetaObject {
 public:
     MetaBool(bool value, FactoryFlag);
 

@@ -1,13 +1,14 @@
 #ifndef TINDRA_METAOBJ_METAINT_H
 #define TINDRA_METAOBJ_METAINT_H
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaObject.h"
 
 namespace Tindra {
 namespace MetaObj {
 
 // Immutable signed 64-bit integer; -1 through 20 are shared instances.
-class MetaInt : public MetaObject {
+class TINDRA_EXPORT MetaInt : public MetaObject {
 public:
     MetaInt(long value, FactoryFlag);
 

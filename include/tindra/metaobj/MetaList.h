@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaBool.h"
 #include "tindra/metaobj/MetaInt.h"
 #include "tindra/metaobj/MetaObject.h"
@@ -15,7 +16,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // A homogeneous sequence; lists of structures check each item against one template.
-class MetaList : public MetaObject {
+class TINDRA_EXPORT MetaList : public MetaObject {
 public:
     MetaList(MetaType listType, std::shared_ptr<MetaStruct> structure, FactoryFlag);
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaType.h"
 
 namespace Tindra {
@@ -19,7 +20,7 @@ class MetaList;
 
 // Base of every value. Values live only in shared ownership, created by the New factories
 // directly as their concrete type, so the base needs no virtual destructor.
-class MetaObject {
+class TINDRA_EXPORT MetaObject {
 public:
     // Tag that only the factories can make, so no value exists outside shared ownership.
     class FactoryFlag {
@@ -47,7 +48,7 @@ private:
     MetaType type;
 };
 
-std::ostream& operator<<(std::ostream& out, MetaObject const& value);
+TINDRA_EXPORT std::ostream& operator<<(std::ostream& out, MetaObject const& value);
 
 }  // namespace MetaObj
 }  // namespace Tindra

@@ -1,13 +1,14 @@
 #ifndef TINDRA_METAOBJ_METASTRING_H
 #define TINDRA_METAOBJ_METASTRING_H
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaObject.h"
 
 namespace Tindra {
 namespace MetaObj {
 
 // Immutable byte string; the empty string is one shared instance.
-class MetaString : public MetaObject {
+class TINDRA_EXPORT MetaString : public MetaObject {
 public:
     MetaString(std::string const& value, FactoryFlag);
     MetaString(std::string&& value, FactoryFlag);

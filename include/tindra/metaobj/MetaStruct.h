@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/metaobj/MetaBool.h"
 #include "tindra/metaobj/MetaInt.h"
 #include "tindra/metaobj/MetaObject.h"
@@ -17,7 +18,7 @@ namespace MetaObj {
 class MetaList;
 
 // A record: a type name and named, documented fields, optionally tied to a definition.
-class MetaStruct : public MetaObject {
+class TINDRA_EXPORT MetaStruct : public MetaObject {
 public:
     struct Field {
         Field(std::shared_ptr<MetaObject> const& v, std::string const& doc)

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "tindra/autocli/xml/XmlUtil.h"
 #include "tindra/metaobj/MetaObject.h"
 
 namespace Tindra {
@@ -28,11 +29,6 @@ private:
     struct Reader;
     std::unique_ptr<Reader> reader;
 };
-
-// Reads a whole command output document. Returns an empty pointer when the text is not
-// well-formed XML or its root element holds no value; throws TindraException when the value
-// cannot be built.
-std::shared_ptr<MetaObj::MetaObject> XmlUtil_ParseXmlOutput(std::string const& text);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -80,9 +80,16 @@ std::shared_ptr<MetaObj::MetaList> BuildMetaList(Node* node) {
 }
 
 // The builders for the parser's tree and for its compact copy.
-template std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node);
-template std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node);
-template std::shared_ptr<MetaObj::MetaList> BuildMetaList(xmlNode* node);
+std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node) {
+    return XmlUtil_BuildMetaObject<xmlNode>(node);
+}
+std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node) {
+    return BuildMetaStruct<xmlNode>(node);
+}
+std::shared_ptr<MetaObj::MetaList> BuildMetaList(xmlNode* node) {
+    return BuildMetaList<xmlNode>(node);
+}
+
 template std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(CompactNode const* node);
 template std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(CompactNode const* node);
 template std::shared_ptr<MetaObj::MetaList> BuildMetaList(CompactNode const* node);

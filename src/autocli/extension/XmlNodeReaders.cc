@@ -124,11 +124,22 @@ Node* XmlUtil_FindChildNode(Node* node, std::string const& tag) {
 }
 
 // The readers for the parser's tree and for its compact copy.
-template std::string XmlUtil_GetContent(xmlNode* node);
-template std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag);
-template std::string XmlUtil_GetContentForChildByTag(xmlNode* node, std::string const& tag);
-template xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag);
-template xmlNode* XmlUtil_FindChildNode(xmlNode* node, std::string const& tag);
+std::string XmlUtil_GetContent(xmlNode* node) {
+    return XmlUtil_GetContent<xmlNode>(node);
+}
+std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag) {
+    return XmlUtil_GetContentForChildByTag<xmlNode>(node, tag);
+}
+std::string XmlUtil_GetContentForChildByTag(xmlNode* node, std::string const& tag) {
+    return XmlUtil_GetContentForChildByTag<xmlNode>(node, tag.c_str());
+}
+xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag) {
+    return XmlUtil_FindChildNode<xmlNode>(node, tag);
+}
+xmlNode* XmlUtil_FindChildNode(xmlNode* node, std::string const& tag) {
+    return XmlUtil_FindChildNode<xmlNode>(node, tag.c_str());
+}
+
 template std::string XmlUtil_GetContent(CompactNode const* node);
 template std::string XmlUtil_GetContentForChildByTag(CompactNode const* node, char const* tag);
 template std::string XmlUtil_GetContentForChildByTag(CompactNode const* node,

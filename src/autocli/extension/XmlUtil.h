@@ -1,9 +1,9 @@
 #ifndef TINDRA_SRC_AUTOCLI_EXTENSION_XMLUTIL_H
 #define TINDRA_SRC_AUTOCLI_EXTENSION_XMLUTIL_H
 
-// Internal: readers of the value grammar and small node readers shared with the descriptor
-// reader. Kept out of the public headers because it exposes libxml2 types. Each reader takes
-// a node of the parser's tree (xmlNode) or of a compact copy of it (CompactNode const).
+// Internal: the readers of the value grammar and the small node readers for either tree, a node
+// of the parser's (xmlNode) or of a compact copy of it (CompactNode const). The public header
+// declares the xmlNode entry points.
 
 #include <libxml/tree.h>
 
@@ -12,6 +12,7 @@
 
 #include "autocli/extension/CompactNode.h"
 #include "autocli/extension/OutputDocumentReader.h"
+#include "tindra/autocli/xml/XmlUtil.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaObject.h"
 #include "tindra/metaobj/MetaStruct.h"
@@ -26,10 +27,6 @@ template <typename Node>
 std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(Node* node);
 template <typename Node>
 std::shared_ptr<MetaObj::MetaList> BuildMetaList(Node* node);
-
-// The attribute's value; the empty string when it is missing.
-std::string XmlUtil_ExtractAttribute(xmlNode* node, std::string const& name);
-std::string XmlUtil_ExtractAttribute(xmlNode* node, char const* name);
 
 // The element's text: the content of its last text, CDATA or comment child.
 template <typename Node>

@@ -13,7 +13,9 @@ constexpr size_t kLongestInteger = 20;
 
 }  // namespace
 
-OutputBuffer::OutputBuffer(std::ostream& out) : out(out), block(kBlockSize, '\0') {}
+OutputBuffer::OutputBuffer(std::ostream& out) : out(out) {
+    block.reserve(kBlockSize);
+}
 
 // A formatter that leaves by an exception has still written what came before, as a stream
 // would have; a stream set to throw must not end the process while that happens.
@@ -25,29 +27,26 @@ OutputBuffer::~OutputBuffer() {
 }
 
 void OutputBuffer::AppendInteger(long value) {
-    if (kBlockSize - used < kLongestInteger) {
-        Flush();
-    }
-    char* const start = &block[used];
-    used += static_cast<size_t>(std::to_chars(start, start + kLongestInteger, value).ptr - start);
+    char digits[kLongestInteger];
+    char* const end = std::to_chars(digits, digits + kLongestInteger, value).ptr;
+    Append(std::string_view(digits, static_cast<size_t>(end - digits)));
 }
 
 void OutputBuffer::AppendManySpaces(size_t count) {
     while (count > 0) {
-        if (used == kBlockSize) {
+        if (block.size() == kBlockSize) {
             Flush();
         }
-        size_t const run = std::min(count, kBlockSize - used);
-        std::memset(&block[used], ' ', run);
-        used += run;
+        size_t const run = std::min(count, kBlockSize - block.size());
+        block.append(run, ' ');
         count -= run;
     }
 }
 
 void OutputBuffer::Flush() {
-    if (used > 0) {
-        out.write(block.data(), static_cast<std::streamsize>(used));
-        used = 0;
+    if (!block.empty()) {
+        out.write(block.data(), static_cast<std::streamsize>(block.size()));
+        block.clear();
     }
 }
 
@@ -59,12 +58,10 @@ void OutputBuffer::AppendLarge(std::string_view text) {
         out.write(text.data(), static_cast<std::streamsize>(text.size()));
         return;
     }
-    size_t const head = kBlockSize - used;
-    std::memcpy(&block[used], text.data(), head);
-    used = kBlockSize;
+    size_t const head = kBlockSize - block.size();
+    block.append(text.substr(0, head));
     Flush();
-    std::memcpy(&block[0], text.data() + head, text.size() - head);
-    used = text.size() - head;
+    block.append(text.substr(head));
 }
 
 }  // namespace AutoCli

@@ -2,7 +2,6 @@
 #define TINDRA_SRC_AUTOCLI_FORMATTERS_OUTPUTBUFFER_H
 
 #include <cstddef>
-#include <cstring>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -23,28 +22,26 @@ public:
     OutputBuffer& operator=(OutputBuffer const&) = delete;
 
     void Append(char c) {
-        if (used == kBlockSize) {
+        if (block.size() == kBlockSize) {
             Flush();
         }
-        block[used++] = c;
+        block.push_back(c);
     }
 
     void Append(std::string_view text) {
-        if (text.size() > kBlockSize - used) {
+        if (text.size() > kBlockSize - block.size()) {
             AppendLarge(text);
             return;
         }
-        std::memcpy(&block[used], text.data(), text.size());
-        used += text.size();
+        block.append(text);
     }
 
     void AppendSpaces(size_t count) {
-        if (count > kBlockSize - used) {
+        if (count > kBlockSize - block.size()) {
             AppendManySpaces(count);
             return;
         }
-        std::memset(&block[used], ' ', count);
-        used += count;
+        block.append(count, ' ');
     }
 
     void AppendInteger(long value);
@@ -55,8 +52,8 @@ private:
     void AppendManySpaces(size_t count);
 
     std::ostream& out;
+    // Reserved, not filled: a short output touches only the memory it uses.
     std::string block;
-    size_t used = 0;
 };
 
 }  // namespace AutoCli

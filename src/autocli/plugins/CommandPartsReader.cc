@@ -104,9 +104,16 @@ std::shared_ptr<OutputSpec> ExtractOutputSpec(Node* node) {
 }
 
 // The readers for the parser's tree and for its compact copy.
-template void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command);
-template void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command);
-template std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node);
+void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
+    ExtractMetaData<xmlNode>(node, std::move(command));
+}
+void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
+    ExtractFormatParams<xmlNode>(node, std::move(command));
+}
+std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node) {
+    return ExtractOutputSpec<xmlNode>(node);
+}
+
 template void ExtractMetaData(CompactNode const* node, std::shared_ptr<ExtensionCommand> command);
 template void ExtractFormatParams(CompactNode const* node,
                                   std::shared_ptr<ExtensionCommand> command);

@@ -152,8 +152,13 @@ Enumeration ExtractEnum(Node* node) {
 }
 
 // The readers for the parser's tree and for its compact copy.
-template std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node);
-template Enumeration ExtractEnum(xmlNode* node);
+std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node) {
+    return ExtractParamConstraint<xmlNode>(node);
+}
+Enumeration ExtractEnum(xmlNode* node) {
+    return ExtractEnum<xmlNode>(node);
+}
+
 template std::shared_ptr<ParameterConstraint> ExtractParamConstraint(CompactNode const* node);
 template Enumeration ExtractEnum(CompactNode const* node);
 

@@ -15,6 +15,7 @@
 #include "autocli/extension/CompactNode.h"
 #include "autocli/extension/ValueGrammar.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
+#include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "tindra/callspec/InputSpec.h"
 #include "tindra/callspec/OutputSpec.h"
 #include "tindra/callspec/ParameterConstraint.h"
@@ -23,7 +24,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // Each reader takes a node of the parser's tree (xmlNode) or of its compact copy
-// (CompactNode const).
+// (CompactNode const); the public header declares the xmlNode entry points.
 
 // <input-spec>: parameters and supported contexts.
 template <typename Node>

@@ -153,8 +153,13 @@ void ExtractInputParam(Node* node, std::shared_ptr<InputSpec> spec) {
 }
 
 // The readers for the parser's tree and for its compact copy.
-template std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node);
-template void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec);
+std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
+    return ExtractInputSpec<xmlNode>(node);
+}
+void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
+    ExtractInputParam<xmlNode>(node, std::move(spec));
+}
+
 template std::shared_ptr<InputSpec> ExtractInputSpec(CompactNode const* node);
 template void ExtractInputParam(CompactNode const* node, std::shared_ptr<InputSpec> spec);
 

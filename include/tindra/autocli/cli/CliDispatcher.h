@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/cli/OptionParser.h"
 #include "tindra/autocli/tree/Dispatcher.h"
 
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // The command-line face of the dispatcher: one run of the tool, or a stream of command lines.
-class CliDispatcher : public Dispatcher {
+class TINDRA_EXPORT CliDispatcher : public Dispatcher {
 public:
     CliDispatcher() = default;
     ~CliDispatcher() override = default;

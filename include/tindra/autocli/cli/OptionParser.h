@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/InputSpec.h"
 
 namespace Tindra {
@@ -15,7 +16,7 @@ namespace AutoCli {
 
 // Splits one command line into the tool's name, dispatcher options, the command path and
 // the command's own options. Bad input becomes parse errors; nothing here throws.
-class OptionParser {
+class TINDRA_EXPORT OptionParser {
 public:
     using Pair = std::pair<std::string, std::string>;
 

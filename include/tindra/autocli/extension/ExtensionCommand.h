@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/tree/Command.h"
 #include "tindra/callspec/Input.h"
 #include "tindra/callspec/InputSpec.h"
@@ -18,7 +19,7 @@ namespace AutoCli {
 // A command carried out by an external program: its execute template becomes a shell command
 // line and its stdin template the program's standard input; the program answers with error
 // lines or an output document.
-class ExtensionCommand : public Command {
+class TINDRA_EXPORT ExtensionCommand : public Command {
 public:
     ExtensionCommand() = default;
     ~ExtensionCommand() override = default;
@@ -46,18 +47,19 @@ private:
 };
 
 // True for the bytes that SanitizeInput escapes for the shell.
-bool isBadChar(char c);
+TINDRA_EXPORT bool isBadChar(char c);
 
 // Every byte for which isBadChar is true preceded by a backslash.
-std::string SanitizeInput(std::string const& text);
+TINDRA_EXPORT std::string SanitizeInput(std::string const& text);
 
 // The text without any occurrence of that byte.
-std::string SanitizeChar(std::string const& text, char removed);
+TINDRA_EXPORT std::string SanitizeChar(std::string const& text, char removed);
 
 // From start (past an opening character there), the extent (start, size) up to and including
 // the closing character at this nesting level; (0, 0) when there is none before length.
-std::pair<size_t, size_t> FindPairedTokenSize(char const* text, size_t start, size_t length,
-                                              char opening, char closing);
+TINDRA_EXPORT std::pair<size_t, size_t> FindPairedTokenSize(char const* text, size_t start,
+                                                            size_t length, char opening,
+                                                            char closing);
 
 }  // namespace AutoCli
 }  // namespace Tindra

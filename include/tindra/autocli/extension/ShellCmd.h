@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "tindra/Export.h"
+
 namespace Tindra {
 namespace AutoCli {
 
@@ -12,20 +14,23 @@ using ChildOptionMaker = std::string (*)(int);
 // Runs the command text with /bin/sh -c, feeds it the input text on standard input and appends
 // its standard output to output. The child's standard error is the caller's. Returns the raw
 // wait status; throws TindraException when the process cannot be run or talked to.
-int AutoCli_ShellCmd(std::string const& command, std::string& output, std::string const& input);
+TINDRA_EXPORT int AutoCli_ShellCmd(std::string const& command, std::string& output,
+                                   std::string const& input);
 
 // As AutoCli_ShellCmd, with LUM_USERNAME set to the user name in the child's environment.
-int AutoCli_ShellCmdWithLumUsername(std::string const& command, std::string const& userName,
-                                    std::string& output, std::string const& input);
+TINDRA_EXPORT int AutoCli_ShellCmdWithLumUsername(std::string const& command,
+                                                  std::string const& userName, std::string& output,
+                                                  std::string const& input);
 
 // Set once by the host before commands run; nullptr switches the option off.
-void SetChildRpZorbOptionMaker(ChildOptionMaker maker);
-std::string MakeChildRpZorbOption(int value);
+TINDRA_EXPORT void SetChildRpZorbOptionMaker(ChildOptionMaker maker);
+TINDRA_EXPORT std::string MakeChildRpZorbOption(int value);
 
 }  // namespace AutoCli
 }  // namespace Tindra
 
 // Last resort for the host: prints "panic: " and the formatted text on standard error, aborts.
-extern "C" [[noreturn]] void Panic(char const* format, ...) __attribute__((format(printf, 1, 2)));
+extern "C" [[noreturn]] TINDRA_EXPORT void Panic(char const* format, ...)
+    __attribute__((format(printf, 1, 2)));
 
 #endif

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaStruct.h"
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // The "commandhelp" formatter: usage, description, options and examples of one command.
-class CommandHelpFormatter : public Formatter {
+class TINDRA_EXPORT CommandHelpFormatter : public Formatter {
 public:
     CommandHelpFormatter();
 

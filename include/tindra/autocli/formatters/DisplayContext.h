@@ -4,11 +4,13 @@
 #include <cstdint>
 #include <string>
 
+#include "tindra/Export.h"
+
 namespace Tindra {
 namespace AutoCli {
 
 // The screen a formatter writes to; 0 means unknown.
-struct DisplayContext {
+struct TINDRA_EXPORT DisplayContext {
     uint16_t width = 0;
     uint16_t height = 0;
     std::string text;

@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
+
 namespace Tindra {
 namespace AutoCli {
 
 // A formatter name and the string parameters that travel with one formatting request.
-class FormatParameters {
+class TINDRA_EXPORT FormatParameters {
 public:
     FormatParameters() = default;
     FormatParameters(FormatParameters const&) = default;

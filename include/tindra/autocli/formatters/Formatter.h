@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/DisplayContext.h"
 #include "tindra/autocli/formatters/FormatParameters.h"
 #include "tindra/callspec/Output.h"
@@ -14,7 +15,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // One parameter a formatter documents for its users.
-struct FormatterParam {
+struct TINDRA_EXPORT FormatterParam {
     FormatterParam(std::string n, std::string d, bool f = false)
         : name(std::move(n)), description(std::move(d)), flag(f) {}
     ~FormatterParam() = default;
@@ -25,7 +26,7 @@ struct FormatterParam {
 };
 
 // Turns a call's output into text.
-class Formatter {
+class TINDRA_EXPORT Formatter {
 public:
     explicit Formatter(std::string const& name) : name(name) {}
     virtual ~Formatter() = default;

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaStruct.h"
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // The "python" formatter: a one-line literal that eval() can read.
-class PythonFormatter : public Formatter {
+class TINDRA_EXPORT PythonFormatter : public Formatter {
 public:
     PythonFormatter();
 

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaStruct.h"
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // The "table" formatter: a list of structures as an aligned text table.
-class TableFormatter : public Formatter {
+class TINDRA_EXPORT TableFormatter : public Formatter {
 public:
     TableFormatter();
 

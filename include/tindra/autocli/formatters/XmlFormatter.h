@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaStruct.h"
@@ -13,10 +14,10 @@ namespace Tindra {
 namespace AutoCli {
 
 // Escapes the characters that may not stand as they are in XML text and attributes.
-std::string SantizeString(std::string text);
+TINDRA_EXPORT std::string SantizeString(std::string text);
 
 // The "xml" formatter: the output as an XML document with its meta-data.
-class XmlFormatter : public Formatter {
+class TINDRA_EXPORT XmlFormatter : public Formatter {
 public:
     XmlFormatter();
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/tree/Command.h"
 #include "tindra/autocli/tree/Namespace.h"
 #include "tindra/metaobj/MetaList.h"
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // The built-in command that lists every command of the tree, optionally filtered.
-class CommandList : public Command {
+class TINDRA_EXPORT CommandList : public Command {
 public:
     explicit CommandList(std::shared_ptr<Namespace> const& root);
     ~CommandList() override = default;

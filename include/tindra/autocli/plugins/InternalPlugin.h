@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/autocli/tree/Namespace.h"
 #include "tindra/autocli/tree/Plugin.h"
@@ -13,7 +14,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // What every installation has: the standard formatters and the built-in command list.
-class InternalPlugin : public Plugin {
+class TINDRA_EXPORT InternalPlugin : public Plugin {
 public:
     static std::shared_ptr<InternalPlugin> New();
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/autocli/tree/Namespace.h"
 #include "tindra/autocli/tree/Plugin.h"
@@ -21,7 +22,7 @@ using SharedLibraryRegistration = void (*)(std::shared_ptr<Namespace>);
 
 // Compiled commands from a shared object. The library is unloaded when the plug-in goes, so
 // whoever keeps the plug-in must outlive every object the library placed in the tree.
-class SharedLibraryPlugin : public Plugin {
+class TINDRA_EXPORT SharedLibraryPlugin : public Plugin {
 public:
     explicit SharedLibraryPlugin(std::string const& fileName);
     SharedLibraryPlugin(SharedLibraryPlugin const&) = delete;

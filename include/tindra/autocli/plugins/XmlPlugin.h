@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/autocli/tree/Namespace.h"
 #include "tindra/autocli/tree/NamespaceNode.h"
@@ -18,7 +19,7 @@ namespace AutoCli {
 // A plug-in read from one XML descriptor file: namespaces and commands carried out by external
 // programs. Initialize reads and checks the whole file; nothing reaches the tree before
 // RegisterNamespaces, so a faulty file costs only its own commands.
-class XmlPlugin : public Plugin {
+class TINDRA_EXPORT XmlPlugin : public Plugin {
 public:
     using Registration = std::pair<std::string, std::shared_ptr<NamespaceNode>>;
 

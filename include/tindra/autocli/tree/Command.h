@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/tree/CommandSpec.h"
 #include "tindra/callspec/CallTarget.h"
 
@@ -11,7 +12,7 @@ namespace AutoCli {
 
 // An executable command. Execute wraps the command's own work with help handling,
 // error capture and output validation.
-class Command : public CommandSpec, public CallSpec::CallTarget {
+class TINDRA_EXPORT Command : public CommandSpec, public CallSpec::CallTarget {
 public:
     Command() = default;
     ~Command() override = default;

@@ -5,13 +5,14 @@
 #include <memory>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Input.h"
 
 namespace Tindra {
 namespace AutoCli {
 
 // A call's input together with the tool's name and the command's path.
-class CommandInput : public CallSpec::Input {
+class TINDRA_EXPORT CommandInput : public CallSpec::Input {
 public:
     static std::shared_ptr<CommandInput> New();
 

@@ -4,13 +4,14 @@
 #include <memory>
 #include <string>
 
+#include "tindra/Export.h"
 #include "tindra/callspec/Output.h"
 
 namespace Tindra {
 namespace AutoCli {
 
 // A call's output together with its formatted text.
-class CommandOutput : public CallSpec::Output {
+class TINDRA_EXPORT CommandOutput : public CallSpec::Output {
 public:
     static std::shared_ptr<CommandOutput> New();
 

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/FormatParameters.h"
 #include "tindra/autocli/tree/NamespaceNode.h"
 #include "tindra/callspec/CallTargetSpec.h"
@@ -17,7 +18,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // The declaration side of a command: a leaf of the tree with its contract and help data.
-class CommandSpec : public CallSpec::CallTargetSpec, public NamespaceNode {
+class TINDRA_EXPORT CommandSpec : public CallSpec::CallTargetSpec, public NamespaceNode {
 public:
     using Example = std::pair<std::string, std::string>;  // (arguments, description)
 

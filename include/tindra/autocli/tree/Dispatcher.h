@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/DisplayContext.h"
 #include "tindra/autocli/formatters/FormatParameters.h"
 #include "tindra/autocli/formatters/Formatter.h"
@@ -21,7 +22,7 @@ namespace AutoCli {
 
 // The registry at the centre: the tree, the plug-ins and the formatter table.
 // The root points back here by plain pointer, so a dispatcher is never copied or moved.
-class Dispatcher {
+class TINDRA_EXPORT Dispatcher {
 public:
     Dispatcher();
     Dispatcher(Dispatcher const&) = delete;

@@ -1,13 +1,14 @@
 #ifndef TINDRA_AUTOCLI_TREE_NAMESPACE_H
 #define TINDRA_AUTOCLI_TREE_NAMESPACE_H
 
+#include "tindra/Export.h"
 #include "tindra/autocli/tree/NamespaceNode.h"
 
 namespace Tindra {
 namespace AutoCli {
 
 // An inner node of the tree, holding namespaces and commands.
-class Namespace : public NamespaceNode {
+class TINDRA_EXPORT Namespace : public NamespaceNode {
 public:
     static std::shared_ptr<Namespace> New();
 

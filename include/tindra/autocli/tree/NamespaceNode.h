@@ -7,16 +7,18 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
+
 namespace Tindra {
 namespace AutoCli {
 
 class Dispatcher;
 
 // Node names: groups of lower-case letters or digits, each closed by at most one capital or digit.
-bool AutoCli_IsValidName(std::string const& name);
+TINDRA_EXPORT bool AutoCli_IsValidName(std::string const& name);
 
 // A node of the namespace tree: the root, a namespace or a command.
-class NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
+class TINDRA_EXPORT NamespaceNode : public std::enable_shared_from_this<NamespaceNode> {
 public:
     static constexpr int ROOT_NAMESPACE_NODE = 0;
     static constexpr int NAMESPACE_NODE = 1;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/Export.h"
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/autocli/tree/Namespace.h"
 
@@ -12,7 +13,7 @@ namespace Tindra {
 namespace AutoCli {
 
 // A source of namespaces, commands and formatters.
-class Plugin {
+class TINDRA_EXPORT Plugin {
 public:
     virtual ~Plugin() = default;
 

@@ -1,13 +1,14 @@
 #ifndef TINDRA_AUTOCLI_TREE_ROOTNAMESPACE_H
 #define TINDRA_AUTOCLI_TREE_ROOTNAMESPACE_H
 
+#include "tindra/Export.h"
 #include "tindra/autocli/tree/Namespace.h"
 
 namespace Tindra {
 namespace AutoCli {
 
 // The top of the tree; it knows the dispatcher that owns it and never has a parent.
-class RootNamespace : public Namespace {
+class TINDRA_EXPORT RootNamespace : public Namespace {
 public:
     explicit RootNamespace(Dispatcher* dispatcher) : dispatcher(dispatcher) {}
     static std::shared_ptr<RootNamespace> New(Dispatcher* dispatcher);

@@ -1,43 +1,14 @@
 #include <gtest/gtest.h>
-#include <libxml/parser.h>
 
-#include <memory>
 #include <random>
 #include <sstream>
 #include <string>
 
 #include "autocli/extension/ValueGrammar.h"
-#include "autocli/extension/XmlUtil.h"
-#include "support/ThrownMessage.h"
 
 using namespace Tindra::AutoCli;
 
 namespace {
-
-struct DocFree {
-    void operator()(xmlDoc* doc) const { xmlFreeDoc(doc); }
-};
-
-// The text reader allows empty repeats; finding the node rejects any repeat.
-TEST(XmlNodeReadersTest, OneChildByTag) {
-    std::string text = "<d><name/><name>second</name><a>1</a><b/><b/></d>";
-    std::unique_ptr<xmlDoc, DocFree> doc(xmlReadMemory(text.data(), text.size(), "t", nullptr, 0));
-    xmlNode* root = xmlDocGetRootElement(doc.get());
-    EXPECT_EQ("second", XmlUtil_GetContentForChildByTag(root, "name"));
-    EXPECT_EQ("", XmlUtil_GetContentForChildByTag(root, std::string("absent")));
-    ASSERT_NE(nullptr, XmlUtil_FindChildNode(root, "a"));
-    EXPECT_EQ("1", XmlUtil_GetContent(XmlUtil_FindChildNode(root, "a")));
-    EXPECT_EQ(nullptr, XmlUtil_FindChildNode(root, std::string("c")));
-    EXPECT_EQ("More than one instance of b found, expected only one.",
-              ThrownMessage([&] { XmlUtil_FindChildNode(root, "b"); }));
-    text = "<d><name>first</name><name>second</name></d>";
-    doc.reset(xmlReadMemory(text.data(), text.size(), "t", nullptr, 0));
-    EXPECT_EQ(
-        "Illegal Duplicate tags found.  The tag name was expected only once, but was found "
-        "multiple times.",
-        ThrownMessage(
-            [&] { XmlUtil_GetContentForChildByTag(xmlDocGetRootElement(doc.get()), "name"); }));
-}
 
 // The integer reader agrees with stream extraction, which gives "fail" where it fails.
 TEST(ReadLeadingIntTest, AgreesWithStreamExtraction) {
