@@ -190,6 +190,9 @@ bool MetaList::IsSameStructure(std::shared_ptr<MetaObject> const& other,
         Record(errors, "Mismatch on structure, NULL comparison");
         return false;
     }
+    if (other.get() == this) {
+        return true;  // a value always matches itself; shared sub-values need no walk
+    }
     if (other->GetType() != List) {
         Record(errors, "Type mismatch!  Was expecting a " + MetaTypeString(GetType()) +
                            ", but got a " + MetaTypeString(other->GetType()));

@@ -194,6 +194,9 @@ bool MetaStruct::IsSameStructure(std::shared_ptr<MetaObject> const& other,
         record("Invalid NULL input to MetaStruct validation.");
         return false;
     }
+    if (other.get() == this) {
+        return true;  // shared sub-values (a list's prototype and first item) need no walk
+    }
     if (other->GetType() != Struct) {
         record("Type Mismatch in MetaStruct Validation: Expected type " +
                MetaTypeString(GetType()) + " got type " + MetaTypeString(other->GetType()));
