@@ -2,6 +2,7 @@
 
 #include <boost/algorithm/string/join.hpp>
 
+#include "metaobj/NestedRelease.h"
 #include "tindra/TindraException.h"
 
 namespace Tindra {
@@ -32,6 +33,10 @@ std::shared_ptr<MetaStruct> LockedTemplate(MetaType listType,
 
 MetaList::MetaList(MetaType type, std::shared_ptr<MetaStruct> structure, FactoryFlag)
     : MetaObject(List), listStructure(std::move(structure)), listType(type) {}
+
+MetaList::~MetaList() {
+    NestedRelease::ReleaseChildrenOf(*this);
+}
 
 std::shared_ptr<MetaList> MetaList::New(MetaType type) {
     if (type != Int && type != Bool && type != String) {

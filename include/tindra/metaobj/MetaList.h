@@ -18,6 +18,7 @@ namespace MetaObj {
 class MetaList : public MetaObject {
 public:
     MetaList(MetaType listType, std::shared_ptr<MetaStruct> structure, FactoryFlag);
+    ~MetaList();
 
     static std::shared_ptr<MetaList> New(MetaType listType);
     static std::shared_ptr<MetaList> New(MetaType listType,
