@@ -2,6 +2,7 @@
 
 #include <boost/algorithm/string/join.hpp>
 
+#include "metaobj/NestedRelease.h"
 #include "tindra/TindraException.h"
 
 namespace Tindra {
@@ -32,6 +33,10 @@ std::shared_ptr<MetaStruct> LockedTemplate(MetaType listType,
 
 MetaList::MetaList(MetaType type, std::shared_ptr<MetaStruct> structure, FactoryFlag)
     : MetaObject(List), listStructure(std::move(structure)), listType(type) {}
+
+MetaList::~MetaList() {
+    NestedRelease::ReleaseChildrenOf(*this);
+}
 
 std::shared_ptr<MetaList> MetaList::New(MetaType type) {
     if (type != Int && type != Bool && type != String) {
@@ -189,6 +194,9 @@ bool MetaList::IsSameStructure(std::shared_ptr<MetaObject> const& other,
     if (!other) {
         Record(errors, "Mismatch on structure, NULL comparison");
         return false;
+    }
+    if (other.get() == this) {
+        return true;  // a value always matches itself; shared sub-values need no walk
     }
     if (other->GetType() != List) {
         Record(errors, "Type mismatch!  Was expecting a " + MetaTypeString(GetType()) +

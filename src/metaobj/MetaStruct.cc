@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "metaobj/DocumentationText.h"
+#include "metaobj/NestedRelease.h"
+#include "metaobj/NestingDepth.h"
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
 
@@ -49,6 +51,10 @@ MetaStruct::MetaStruct(std::string&& name, FactoryFlag)
 
 MetaStruct::MetaStruct(std::shared_ptr<MetaStruct> const& definition, FactoryFlag)
     : MetaObject(Struct), structureDefinition(definition), typeName(definition->typeName) {}
+
+MetaStruct::~MetaStruct() {
+    NestedRelease::ReleaseChildrenOf(*this);
+}
 
 std::shared_ptr<MetaStruct> MetaStruct::New(std::string const& name) {
     return std::make_shared<MetaStruct>(std::string(CheckedTypeName(name)), FactoryFlag());
@@ -194,6 +200,15 @@ bool MetaStruct::IsSameStructure(std::shared_ptr<MetaObject> const& other,
         record("Invalid NULL input to MetaStruct validation.");
         return false;
     }
+    if (other.get() == this) {
+        return true;  // shared sub-values (a list's prototype and first item) need no walk
+    }
+    NestingDepth const depth;
+    if (depth.Exceeded()) {
+        record("Structure nested more than " + std::to_string(NestingDepth::kLimit) +
+               " levels deep, unable to compare it.");
+        return false;
+    }
     if (other->GetType() != Struct) {
         record("Type Mismatch in MetaStruct Validation: Expected type " +
                MetaTypeString(GetType()) + " got type " + MetaTypeString(other->GetType()));
@@ -236,6 +251,11 @@ bool MetaStruct::IsSameStructure(std::shared_ptr<MetaObject> const& other,
 }
 
 std::string MetaStruct::ToString() const {
+    NestingDepth const depth;
+    if (depth.Exceeded()) {
+        throw TindraException("Structure nested more than " + std::to_string(NestingDepth::kLimit) +
+                              " levels deep, unable to print it.");
+    }
     std::string text = "{";
     for (auto const& field : fields) {
         text += '\'';

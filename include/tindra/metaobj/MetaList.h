@@ -19,6 +19,7 @@ namespace MetaObj {
 class TINDRA_EXPORT MetaList : public MetaObject {
 public:
     MetaList(MetaType listType, std::shared_ptr<MetaStruct> structure, FactoryFlag);
+    ~MetaList();
 
     static std::shared_ptr<MetaList> New(MetaType listType);
     static std::shared_ptr<MetaList> New(MetaType listType,

@@ -16,6 +16,7 @@ namespace Tindra {
 namespace MetaObj {
 
 class MetaList;
+class NestedRelease;
 
 // A record: a type name and named, documented fields, optionally tied to a definition.
 class TINDRA_EXPORT MetaStruct : public MetaObject {
@@ -32,6 +33,7 @@ public:
 
     MetaStruct(std::string&& typeName, FactoryFlag);
     MetaStruct(std::shared_ptr<MetaStruct> const& definition, FactoryFlag);
+    ~MetaStruct();
 
     static std::shared_ptr<MetaStruct> New(std::string const& typeName);
     static std::shared_ptr<MetaStruct> New(std::string&& typeName);
@@ -106,6 +108,8 @@ public:
     static std::string const _docMissingStaticString;
 
 private:
+    friend class NestedRelease;
+
     // Kept sorted by name: one block per structure instead of one node per field, and the
     // order every reader sees.
     using FieldEntry = std::pair<std::string, Field>;

@@ -230,10 +230,9 @@ void OutputValueBuilder::Deliver(std::shared_ptr<MetaObj::MetaObject> item) {
         return;
     }
     if (!parent.list) {
-        // The first item is also the prototype of a structure list; like the tree builder,
-        // which builds it twice, the list keeps an unlocked copy as its first item.
-        parent.list = MakeValueList(parent.itemType, item);
-        item = CloneValue(item);
+        // The first item of a compound list also gives the list its prototype, as in the
+        // tree builder.
+        parent.list = MakeValueList(parent.itemType, ListPrototypeOf(item));
     }
     parent.list->Add(item);
 }

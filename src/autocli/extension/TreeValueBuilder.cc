@@ -1,4 +1,5 @@
 // Builds values from a parsed element tree (descriptor prototypes and small documents).
+#include "autocli/extension/ValueClone.h"
 #include "autocli/extension/ValueGrammar.h"
 #include "autocli/extension/XmlUtil.h"
 
@@ -63,16 +64,18 @@ std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(Node* node) {
 template <typename Node>
 std::shared_ptr<MetaObj::MetaList> BuildMetaList(Node* node) {
     MetaObj::MetaType itemType = ListItemTypeFromAttribute(XmlUtil_ExtractAttribute(node, "type"));
-    std::shared_ptr<MetaObj::MetaObject> prototype;
-    if (IsCompoundItemType(itemType)) {
-        Node* first = FirstValueChild(node);
-        if (first != nullptr) {
-            prototype = XmlUtil_BuildMetaObject(first);
-        }
+    // The first item of a compound list is built once and serves as its prototype too;
+    // building it twice doubled the work at every level of nested lists.
+    Node* first = IsCompoundItemType(itemType) ? FirstValueChild(node) : nullptr;
+    std::shared_ptr<MetaObj::MetaObject> firstItem;
+    if (first != nullptr) {
+        firstItem = XmlUtil_BuildMetaObject(first);
     }
-    auto list = MakeValueList(itemType, prototype);
+    auto list = MakeValueList(itemType, ListPrototypeOf(firstItem));
     for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
-        if (!IsSkippedChildName(GrammarNodeName(child))) {
+        if (child == first) {
+            list->Add(firstItem);
+        } else if (!IsSkippedChildName(GrammarNodeName(child))) {
             list->Add(XmlUtil_BuildMetaObject(child));
         }
     }

@@ -1,0 +1,114 @@
+// A declared output nested 100 values deep (50 lists, each of a structure holding the next):
+// loading, listing, help and checking a document must not grow with anything but its size.
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "Ostrel.h"
+#include "support/DescriptorFiles.h"
+
+namespace {
+
+using namespace DescriptorTest;
+using CliTest::ExpectRun;
+using CliTest::Words;
+
+int const kListLevels = 50;
+
+// The value of levels [level, kListLevels): the deepest name has the given scalar tag.
+std::string Nested(int level, std::string const& deepestNameTag) {
+    std::string const n = std::to_string(level);
+    bool const deepest = level == kListLevels - 1;
+    std::string const tag = deepest ? deepestNameTag : "string";
+    return "<list type=\"structure\"><structure typeName=\"Level" + n +
+           "\"><field name=\"Name\"><" + tag + ">" + n + "</" + tag + "></field>" +
+           (deepest ? ""
+                    : "<field name=\"Sub\">" + Nested(level + 1, deepestNameTag) + "</field>") +
+           "</structure></list>";
+}
+
+// The same value as the python formatter prints it.
+std::string NestedPython(int level) {
+    std::string const n = std::to_string(level);
+    std::string const sub =
+        level == kListLevels - 1 ? "" : "\"Sub\": " + NestedPython(level + 1) + ", ";
+    return "[{\"Name\": \"\"\"" + n + "\"\"\", " + sub + "}, ]";
+}
+
+std::string Command(std::string const& name, std::string const& document) {
+    CommandParts parts;
+    parts.path = "deep." + name;
+    parts.outputSpec = "<output-spec>" + Nested(0, "string") + "</output-spec>";
+    parts.formatParameters = "<format-parameters><formatter>python</formatter></format-parameters>";
+    parts.execute = "<execute>cat '" + document + "'</execute>";
+    return parts.Element();
+}
+
+// The tool, stopped by the kernel should it ever again spend minutes on one of these runs.
+TestSupport::ChildResult BoundedOstrel(Words const& args) {
+    Words words = {"ostrel"};
+    words.insert(words.end(), args.begin(), args.end());
+    return TestSupport::RunInChild([&words] {
+        rlimit const cpu = {60, 60};
+        setrlimit(RLIMIT_CPU, &cpu);
+        std::vector<char*> argv;
+        for (auto& word : words) {
+            argv.push_back(word.data());
+        }
+        argv.push_back(nullptr);
+        setenv("OSTREL_SKIP_DEFAULT_PLUGINS", "1", 1);
+        execv(OSTREL_BINARY, argv.data());
+        _exit(127);
+    });
+}
+
+TEST(DeepOutputTest, LoadsListsHelpsAndChecksInOnePass) {
+    DescriptorFiles files;
+    std::string const good =
+        files.Write("good.out", "<output>" + Nested(0, "string") + "</output>");
+    std::string const bad = files.Write("bad.out", "<output>" + Nested(0, "int") + "</output>");
+    std::string const plugin =
+        files.Write("deep.xml", Descriptor("<namespaces>" + NamespaceElement("deep", "Deep") +
+                                           "</namespaces><commands>" + Command("show", good) +
+                                           Command("broken", bad) + "</commands>"));
+    auto run = [&plugin](Words args) {
+        args.insert(args.begin(), {"--plugin", plugin});
+        return BoundedOstrel(args);
+    };
+
+    ExpectRun(run(CliTest::List({})), 0,
+              "Namespace       Command  Description\n"
+              "--------------  -------  -----------\n"
+              "deep            broken   Runs\n"
+              "deep            show     Runs\n"
+              "ostrel.command  list     List all of the ostrel commands.\n",
+              "");
+    ExpectRun(run({"deep"}), 1,
+              "Usage: ostrel [disp options] deep <namespaces> <command>\n\n"
+              "For help please run ostrel --help\n\nAvailable Namespaces: \n\n\n"
+              "Available Commands: \n\nbroken  Runs\nshow    Runs\n\n",
+              "");
+    ExpectRun(run({"deep", "show", "--help"}), 0,
+              "Usage: ostrel deep show <options>\n\nDescription: Runs\n\n"
+              "  -h|--help   Show the help message.\n",
+              "");
+    ExpectRun(run({"deep", "show"}), 0, NestedPython(0) + "\n", "");
+
+    // A difference at the bottom is named at every level on the way up.
+    std::string errors = "Errors: \nType mismatch on field: Name\n";
+    for (int level = kListLevels - 1; level > 0; --level) {
+        errors += "List type mismatch list and input\nType mismatch on field: Sub\n";
+    }
+    errors +=
+        "List type mismatch list and input\nImplementation error! The output of this command "
+        "does not match the declared output type, see errors above.\n";
+    auto const broken = run({"deep", "broken"});
+    EXPECT_EQ(errors, broken.err);
+    EXPECT_EQ(1, broken.status);
+}
+
+}  // namespace
