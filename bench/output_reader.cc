@@ -3,9 +3,9 @@
 #include <fstream>
 #include <iostream>
 
-#include "autocli/extension/OutputDocumentReader.h"
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
+#include "xml/OutputDocumentReader.h"
 
 int main(int argc, char** argv) {
     if (argc != 2) {

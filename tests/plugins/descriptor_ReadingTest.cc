@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "autocli/plugins/DescriptorReaders.h"
-#include "autocli/plugins/XmlDocument.h"
 #include "support/DescriptorFiles.h"
 #include "support/ThrownMessage.h"
 #include "tindra/autocli/plugins/XmlPlugin.h"
+#include "xml/XmlDocument.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "autocli/extension/ErrorLineCollector.h"
-#include "autocli/extension/OutputDocumentReader.h"
 #include "tindra/callspec/Output.h"
+#include "xml/OutputDocumentReader.h"
 
 namespace Tindra {
 namespace AutoCli {

@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "autocli/extension/CommandOutputCollector.h"
-#include "autocli/extension/StreamingShellCmd.h"
 #include "autocli/extension/TemplateSubstitution.h"
+#include "autocli/shell/StreamingShellCmd.h"
 #include "tindra/TindraException.h"
 
 namespace Tindra {

@@ -1,10 +1,10 @@
 // Reads the meta data, default format and output prototype of a descriptor command.
 #include <string>
 
-#include "autocli/extension/ValueGrammar.h"
-#include "autocli/extension/XmlUtil.h"
 #include "autocli/plugins/DescriptorReaders.h"
 #include "tindra/TindraException.h"
+#include "xml/ValueGrammar.h"
+#include "xml/XmlUtil.h"
 
 namespace Tindra {
 namespace AutoCli {

@@ -3,9 +3,9 @@
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
 
-#include "autocli/extension/CompactTreeBuilder.h"
-#include "autocli/extension/SaxDocumentParser.h"
 #include "platform/FileContent.h"
+#include "xml/CompactTreeBuilder.h"
+#include "xml/SaxDocumentParser.h"
 
 namespace Tindra {
 namespace AutoCli {

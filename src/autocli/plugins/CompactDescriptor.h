@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "autocli/extension/CompactTree.h"
+#include "xml/CompactTree.h"
 
 namespace Tindra {
 namespace AutoCli {

@@ -12,13 +12,13 @@
 #include <utility>
 #include <vector>
 
-#include "autocli/extension/CompactNode.h"
-#include "autocli/extension/ValueGrammar.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
 #include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "tindra/callspec/InputSpec.h"
 #include "tindra/callspec/OutputSpec.h"
 #include "tindra/callspec/ParameterConstraint.h"
+#include "xml/CompactNode.h"
+#include "xml/ValueGrammar.h"
 
 namespace Tindra {
 namespace AutoCli {

@@ -3,11 +3,11 @@
 #include <string>
 #include <utility>
 
-#include "autocli/extension/ValueGrammar.h"
-#include "autocli/extension/XmlUtil.h"
 #include "autocli/plugins/DescriptorReaders.h"
 #include "tindra/TindraException.h"
 #include "tindra/callspec/ParameterSpec.h"
+#include "xml/ValueGrammar.h"
+#include "xml/XmlUtil.h"
 
 namespace Tindra {
 namespace AutoCli {

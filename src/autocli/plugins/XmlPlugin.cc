@@ -3,14 +3,14 @@
 
 #include <libxml/parser.h>
 
-#include "autocli/extension/CompactTree.h"
-#include "autocli/extension/ValueGrammar.h"
-#include "autocli/extension/XmlUtil.h"
 #include "autocli/plugins/CompactDescriptor.h"
 #include "autocli/plugins/DescriptorReaders.h"
-#include "autocli/plugins/XmlDocument.h"
 #include "platform/RegularFile.h"
 #include "tindra/TindraException.h"
+#include "xml/CompactTree.h"
+#include "xml/ValueGrammar.h"
+#include "xml/XmlDocument.h"
+#include "xml/XmlUtil.h"
 
 namespace Tindra {
 namespace AutoCli {
