@@ -7,7 +7,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // Immutable boolean; only the two shared instances ever exist.
-class MetaBool : public MetaObject {
+class MetaBool final : public MetaObject {
 public:
     MetaBool(bool value, FactoryFlag);
 

@@ -7,7 +7,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // Immutable signed 64-bit integer; -1 through 20 are shared instances.
-class MetaInt : public MetaObject {
+class MetaInt final : public MetaObject {
 public:
     MetaInt(long value, FactoryFlag);
 

@@ -15,7 +15,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // A homogeneous sequence; lists of structures check each item against one template.
-class MetaList : public MetaObject {
+class MetaList final : public MetaObject {
 public:
     MetaList(MetaType listType, std::shared_ptr<MetaStruct> structure, FactoryFlag);
 

@@ -7,7 +7,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // Immutable byte string; the empty string is one shared instance.
-class MetaString : public MetaObject {
+class MetaString final : public MetaObject {
 public:
     MetaString(std::string const& value, FactoryFlag);
     MetaString(std::string&& value, FactoryFlag);

@@ -17,7 +17,7 @@ namespace MetaObj {
 class MetaList;
 
 // A record: a type name and named, documented fields, optionally tied to a definition.
-class MetaStruct : public MetaObject {
+class MetaStruct final : public MetaObject {
 public:
     struct Field {
         Field(std::shared_ptr<MetaObject> const& v, std::string const& doc)
