@@ -1,11 +1,11 @@
 #!/bin/sh
-# Builds with AddressSanitizer, UndefinedBehaviorSanitizer and -Werror, then runs every test.
+# The whole check, one stage per line: each compiler with AddressSanitizer,
+# UndefinedBehaviorSanitizer and -Werror, then a short run of every fuzz target.
 set -eu
 cd "$(dirname "$0")/.."
 sh scripts/bootstrap.sh
 
-cmake -S . -B build/test -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTINDRA_SANITIZE=ON >/dev/null
-cmake --build build/test
-cd build/test
-ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j "$(nproc)"
-sh ../../scripts/test-ansible.sh .
+sh scripts/test-build.sh gcc
+sh scripts/test-build.sh clang
+sh scripts/fuzz.sh 20
+sh scripts/test-ansible.sh build/test

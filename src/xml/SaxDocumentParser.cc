@@ -57,7 +57,7 @@ bool SaxDocumentParser::Finish() {
     if (!sinkFailure) {
         xmlParseChunk(context, nullptr, 0, 1);
     }
-    bool wellFormed = context->wellFormed != 0;
+    bool wellFormed = context->wellFormed != 0 || endedAtZeroByte;
     if (wellFormed && !sinkFailure) {
         Guarded([&] { sink.DocumentEnd(); });
     }
@@ -86,6 +86,8 @@ bool SaxDocumentParser::Start() {
     context->_private = this;
     textNodeLength = 0;
     openElements = 0;
+    rootClosed = false;
+    endedAtZeroByte = false;
     return true;
 }
 
@@ -186,6 +188,7 @@ void SaxDocumentParser::OnEndElement(void* parserContext, xmlChar const* localNa
     }
     self->textNodeLength = 0;
     --self->openElements;
+    self->rootClosed = self->openElements == 0;
     self->Guarded([&] { self->sink.ElementEnd(); });
 }
 
@@ -266,7 +269,22 @@ void SaxDocumentParser::RefuseAsTooDeep() {
 }
 
 // Diagnostics are dropped: a malformed document is the caller's to report, not the parser's.
-void SaxDocumentParser::OnError(void*, xmlError*) {}
+// One is not a fault for the tree reader: it takes a zero byte after the root element for the
+// end of the text, where the piecewise parser calls it extra content.
+void SaxDocumentParser::OnError(void* parserContext, xmlError* error) {
+    SaxDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr || error == nullptr || error->code != XML_ERR_DOCUMENT_END) {
+        return;
+    }
+    xmlParserInput const* input = self->context->input;
+    bool const atZeroByte =
+        input != nullptr && input->cur != nullptr && input->cur < input->end && *input->cur == 0;
+    // The flag is cleared only after this report, so it still says whether anything was wrong
+    // before.
+    if (atZeroByte && self->rootClosed && self->context->wellFormed != 0) {
+        self->endedAtZeroByte = true;
+    }
+}
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -68,6 +68,8 @@ private:
     unsigned openElements = 0;
     bool abandoned = false;     // too long to read, or no parser to read it
     size_t textNodeLength = 0;  // of the text node being reported, 0 between text nodes
+    bool rootClosed = false;
+    bool endedAtZeroByte = false;  // where the tree reader ends the text too
     std::exception_ptr sinkFailure;
 };
 

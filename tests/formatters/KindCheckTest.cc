@@ -12,7 +12,7 @@ namespace {
 
 // Carries the tag of an integer without being one: formatters must look at the class, not only
 // at the tag, before reading a value as an integer.
-class Impostor : public MetaObject {
+class Impostor final : public MetaObject {
 public:
     Impostor() : MetaObject(MetaType::Int) {}
     std::string ToString() const override { return "impostor"; }

@@ -8,7 +8,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // Immutable boolean; only the two shared instances ever exist.
-class TINDRA_EXPORT MetaBool : public MetaObject {
+class TINDRA_EXPORT MetaBool final : public MetaObject {
 public:
     MetaBool(bool value, FactoryFlag);
 

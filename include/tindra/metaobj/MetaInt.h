@@ -8,7 +8,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // Immutable signed 64-bit integer; -1 through 20 are shared instances.
-class TINDRA_EXPORT MetaInt : public MetaObject {
+class TINDRA_EXPORT MetaInt final : public MetaObject {
 public:
     MetaInt(long value, FactoryFlag);
 

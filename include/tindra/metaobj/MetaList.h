@@ -16,7 +16,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // A homogeneous sequence; lists of structures check each item against one template.
-class TINDRA_EXPORT MetaList : public MetaObject {
+class TINDRA_EXPORT MetaList final : public MetaObject {
 public:
     MetaList(MetaType listType, std::shared_ptr<MetaStruct> structure, FactoryFlag);
     ~MetaList();

@@ -8,7 +8,7 @@ namespace Tindra {
 namespace MetaObj {
 
 // Immutable byte string; the empty string is one shared instance.
-class TINDRA_EXPORT MetaString : public MetaObject {
+class TINDRA_EXPORT MetaString final : public MetaObject {
 public:
     MetaString(std::string const& value, FactoryFlag);
     MetaString(std::string&& value, FactoryFlag);

@@ -19,7 +19,7 @@ class MetaList;
 class NestedRelease;
 
 // A record: a type name and named, documented fields, optionally tied to a definition.
-class TINDRA_EXPORT MetaStruct : public MetaObject {
+class TINDRA_EXPORT MetaStruct final : public MetaObject {
 public:
     struct Field {
         Field(std::shared_ptr<MetaObject> const& v, std::string const& doc)
