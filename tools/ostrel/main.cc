@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iostream>
 
+#include "PluginDirectories.h"
 #include "tindra/tindra.h"
 
 namespace {
@@ -33,7 +34,7 @@ int main(int argc, char** argv) {
     try {
         Tindra::AutoCli::CliDispatcher dispatcher;
         if (!SkipDefaultPlugins()) {
-            dispatcher.AddDefaultDirectories();
+            Ostrel::AddInstalledPluginDirectories(dispatcher);
         }
         dispatcher.HandleArgvInput(argc, argv);
     } catch (Tindra::TindraException const& error) {
