@@ -12,7 +12,7 @@ if [ ! -f "$manifest" ]; then
 fi
 
 removed=0
-while IFS= read -r file; do
+while IFS= read -r file || [ -n "$file" ]; do  # the last line has no newline
     [ -n "$file" ] || continue
     if [ -e "$file" ] || [ -L "$file" ]; then
         if ! rm -f "$file" 2>/dev/null; then
