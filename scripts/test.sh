@@ -9,3 +9,4 @@ sh scripts/test-build.sh gcc
 sh scripts/test-build.sh clang
 sh scripts/fuzz.sh 20
 sh scripts/test-ansible.sh build/test
+sh scripts/check-packages.sh scripts  # installer, uninstaller and their refusals

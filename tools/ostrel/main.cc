@@ -8,6 +8,7 @@
 #include <exception>
 #include <iostream>
 
+#include "PluginDirectories.h"
 #include "tindra/tindra.h"
 
 namespace {
@@ -57,7 +58,7 @@ int main(int argc, char** argv) {
     try {
         Tindra::AutoCli::CliDispatcher dispatcher;
         if (!SkipDefaultPlugins()) {
-            dispatcher.AddDefaultDirectories();
+            Ostrel::AddInstalledPluginDirectories(dispatcher);
         }
         dispatcher.HandleArgvInput(argc, argv);
     } catch (std::exception const& error) {

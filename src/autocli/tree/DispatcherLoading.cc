@@ -14,9 +14,11 @@
 namespace Tindra {
 namespace AutoCli {
 
+// TINDRA_STANDARD_PLUGIN_DIR is /usr/lib/norvane/ostrel, set once by the build so the tool can
+// tell its own plug-in directory from the standard one.
 void Dispatcher::AddDefaultDirectories() {
-    AddExternalDirectory("/usr/lib/norvane/ostrel");
-    AddExternalDirectory("/usr/lib/norvane/ostrel/ext");
+    AddExternalDirectory(TINDRA_STANDARD_PLUGIN_DIR);
+    AddExternalDirectory(TINDRA_STANDARD_PLUGIN_DIR "/ext");
 }
 
 void Dispatcher::AddExternalDirectory(std::string const& directory) {
