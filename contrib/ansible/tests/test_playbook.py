@@ -8,7 +8,7 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-REPO = os.path.normpath(os.path.join(HERE, '..', '..'))
+REPO = os.path.normpath(os.path.join(HERE, '..', '..', '..'))
 BUILD = os.path.abspath(os.environ.get('OSTREL_BUILD_DIR', os.path.join(REPO, 'build', 'test')))
 OSTREL = os.path.join(BUILD, 'tools', 'ostrel', 'ostrel')
 BUNDLED = os.path.join(BUILD, 'plugins', 'bundled')

@@ -3,8 +3,7 @@ import importlib.util
 import os
 import unittest
 
-LIBRARY = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', '..', 'contrib',
-                       'ansible', 'library', 'ostrel.py')
+LIBRARY = os.path.join(os.path.dirname(os.path.abspath(__file__)), '..', 'library', 'ostrel.py')
 location = importlib.util.spec_from_file_location('ostrel_module', LIBRARY)
 ostrel = importlib.util.module_from_spec(location)
 location.loader.exec_module(ostrel)
