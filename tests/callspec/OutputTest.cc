@@ -10,9 +10,9 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-std::shared_ptr<MetaStruct> File(bool withSize = true) {
+std::shared_ptr<MetaStruct> File(char const* name = "passwd", bool withSize = true) {
     auto file = MetaStruct::New("File");
-    file->SetField("Name", "passwd");
+    file->SetField("Name", name);
     if (withSize) {
         file->SetField("Size", 4096L);
     }
@@ -27,21 +27,15 @@ std::shared_ptr<Output> OutputWith(std::shared_ptr<MetaObject> const& root) {
 
 }  // namespace
 
-TEST(OutputSpec, RefusesAnEmptyTemplateAndKeepsTheOldOne) {
-    auto spec = OutputSpec::New();
-    auto const original = File();
-    spec->SetRootObject(original);
-    EXPECT_EQ("Root object cannot be set to null",
-              ThrownMessage([&] { spec->SetRootObject(std::shared_ptr<MetaList>()); }));
-    EXPECT_EQ(original, spec->GetRootObject());
-    EXPECT_EQ("Documentation missing", spec->GetDescription());
-}
-
-TEST(OutputSpecValidate, MissingRootsAreReportedOnlyToAGivenList) {
+// The structure comparison's own messages are pinned with the values; here, that the
+// template is compared by names and kinds, and missing roots are named.
+TEST(OutputSpecValidate, MissingRootsAndTemplateMismatches) {
     Messages errors;
     auto spec = OutputSpec::New();
     EXPECT_FALSE(spec->Validate(OutputWith(MetaInt::New(1L)), &errors));
-    spec->SetRootObject(MetaInt::New(0L));
+    EXPECT_EQ("Root object cannot be set to null",
+              ThrownMessage([&] { spec->SetRootObject(std::shared_ptr<MetaList>()); }));
+    spec->SetRootObject(File());
     EXPECT_FALSE(spec->Validate(Output::New(), &errors));
     EXPECT_FALSE(spec->Validate(Output::New(), nullptr));
     EXPECT_EQ((Messages{"No root object set for output spec. Root object for output spec must be "
@@ -49,18 +43,9 @@ TEST(OutputSpecValidate, MissingRootsAreReportedOnlyToAGivenList) {
                         "No root object set for output. The command did not provide proper "
                         "output."}),
               errors);
-}
-
-TEST(OutputSpecValidate, TemplatesCheckNamesAndKindsNotValues) {
-    auto spec = OutputSpec::New();
-    spec->SetRootObject(File());
-    Messages errors;
-    auto other = File();
-    other->SetField("Name", "group");
-    EXPECT_TRUE(spec->Validate(OutputWith(other), &errors));
+    errors.clear();
+    EXPECT_TRUE(spec->Validate(OutputWith(File("group")), &errors));
     EXPECT_TRUE(errors.empty());
-    EXPECT_FALSE(spec->Validate(OutputWith(File(false)), &errors));
-    EXPECT_EQ((Messages{"Mismatch on number of fields set in struct. Expected 2 found 1",
-                        "Missing field in input: Size"}),
-              errors);
+    EXPECT_FALSE(spec->Validate(OutputWith(File("group", false)), &errors));
+    EXPECT_EQ(2u, errors.size());
 }

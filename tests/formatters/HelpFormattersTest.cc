@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "FormatterTestSupport.h"
 #include "support/ThrownMessage.h"
 #include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
@@ -97,54 +95,17 @@ TEST(CommandHelpFormatter, SecretOptionWrapsWarningAtDescriptionColumn) {
               "information");
 }
 
-std::shared_ptr<MetaStruct> Listing(std::vector<std::array<char const*, 3>> const& nodes) {
-    auto node = [](std::array<char const*, 3> const& fields) {
-        auto result = MetaStruct::New("NamespaceNode");
-        result->SetField("Name", fields[0]);
-        result->SetField("Description", fields[1]);
-        result->SetField("Type", fields[2]);
-        return result;
-    };
-    auto listing = MetaStruct::New("OstrelCommandPrint");
-    listing->SetField("Dispatcher", "ostrel");
-    listing->SetField("Path", std::vector<std::string>{"demo", "widget"});
-    auto list = MetaList::New(MetaType::Struct, node({"", "", ""}));
-    for (auto const& fields : nodes) {
-        list->Add(node(fields));
-    }
-    listing->SetField("NamespaceNodes", list);
-    return listing;
-}
-
-std::string CliHelpText(std::shared_ptr<MetaObject> const& root, uint16_t width) {
-    return Render<CliDispatcherHelpFormatter>(root, {}, width);
-}
-
-TEST(CliDispatcherHelpFormatter, ListsNamespacesThenCommands) {
-    auto const listing =
-        Listing({{"list", "List the things in a rather long description text.", "Command"},
-                 {"item", "Item commands.", "Namespace"},
-                 {"x", "Short.", "Command"}});
-    EXPECT_EQ(CliHelpText(listing, 40),
-              "Usage: ostrel [disp options] demo widget <namespaces> <command>\n\n"
-              "For help please run ostrel --help\n\n"
-              "Available Namespaces: \n\n"
-              "item  Item commands.\n\n"
-              "Available Commands: \n\n"
-              "list  List the things in a rather long \n"
-              "      description text.\n"
-              "x     Short.\n\n");
-    std::string const onlyNamespaces = CliHelpText(Listing({{"a", "A.", "Namespace"}}), 0);
-    EXPECT_NE(onlyNamespaces.find("a     A.\n\nAvailable Commands: \n\n\n"), std::string::npos);
-}
-
+// The listing layout is pinned where the tool prints it; here, what a broken listing gives.
 TEST(CliDispatcherHelpFormatter, MissingFields) {
-    EXPECT_EQ(CliHelpText(MetaStruct::New("OstrelCommandPrint"), 80),
+    auto const text = [](std::shared_ptr<MetaObject> const& root) {
+        return Render<CliDispatcherHelpFormatter>(root, {}, 80);
+    };
+    EXPECT_EQ(text(MetaStruct::New("OstrelCommandPrint")),
               "Usage: <Dispatcher> [disp options] <namespaces> <command>\n\n"
               "For help please run <Dispatcher> --help\n\n"
               "Available Namespaces: \n\nERROR, list is bad\n"
               "Available Commands: \n\nERROR, list is bad\n");
-    EXPECT_EQ(ThrownMessage([] { CliHelpText(MetaString::New("x"), 80); }),
+    EXPECT_EQ(ThrownMessage([&] { text(MetaString::New("x")); }),
               "Error: Unexpected type for help output, formatter expected a struct with help data");
 }
 

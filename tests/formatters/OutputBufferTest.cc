@@ -16,28 +16,20 @@ constexpr size_t kBlock = OutputBuffer::kBlockSize;
 
 std::string Repeat(std::string const& piece, size_t count) {
     std::string result;
-    result.reserve(piece.size() * count);
     for (size_t i = 0; i < count; ++i) {
         result += piece;
     }
     return result;
 }
 
-// Megabytes of text: report where the two part ways instead of printing them whole.
-size_t FirstDifference(std::string const& a, std::string const& b) {
-    auto const mismatch = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-    return mismatch.first == a.end() && mismatch.second == b.end()
-               ? std::string::npos
-               : static_cast<size_t>(mismatch.first - a.begin());
-}
-
+// Texts are megabytes long: compared without printing them on failure.
 TEST(OutputBuffer, EveryKindOfPieceCrossesBlockEdgesWhole) {
     std::ostringstream out;
     std::string expected;
     {
         OutputBuffer buffer(out);
         for (size_t length :
-             {size_t{1}, size_t{7}, size_t{1000}, kBlock - 3, kBlock, kBlock + 5, 3 * kBlock}) {
+             {size_t{1}, size_t{1000}, kBlock - 3, kBlock, kBlock + 5, 3 * kBlock}) {
             std::string const text(length, static_cast<char>('a' + length % 26));
             buffer.Append(text);
             buffer.AppendSpaces(length);
@@ -46,22 +38,15 @@ TEST(OutputBuffer, EveryKindOfPieceCrossesBlockEdgesWhole) {
             expected += text + std::string(length, ' ') + "-" + std::to_string(length) + "|";
         }
     }
-    EXPECT_EQ(out.str().size(), expected.size());
-    EXPECT_EQ(FirstDifference(out.str(), expected), std::string::npos);
-}
-
-TEST(OutputBuffer, IntegersAtEveryPlaceNearABlockEdge) {
+    EXPECT_TRUE(out.str() == expected);
     for (size_t filled = kBlock - 41; filled <= kBlock; ++filled) {
-        std::ostringstream out;
-        OutputBuffer buffer(out);
+        std::ostringstream numbers;
+        OutputBuffer buffer(numbers);
         buffer.AppendSpaces(filled);
         buffer.AppendInteger(LONG_MIN);
         buffer.AppendInteger(LONG_MAX);
-        buffer.AppendInteger(0);
         buffer.Flush();
-        EXPECT_EQ(out.str().substr(filled),
-                  "-92233720368547758089223372036854775807"
-                  "0")
+        EXPECT_EQ(numbers.str().substr(filled), "-92233720368547758089223372036854775807")
             << "after " << filled << " bytes";
     }
 }
@@ -80,21 +65,15 @@ TEST(OutputBuffer, HandsOverWholeBlocksThenTheRest) {
         EXPECT_EQ(out.str().size(), 5 + kBlock);
         buffer.Append("tail");
     }
-    EXPECT_EQ(out.str().substr(0, 6), "held+x");
-    EXPECT_EQ(out.str().size(), 5 + kBlock + 1 + 4);
-    EXPECT_EQ(out.str().substr(out.str().size() - 5), "xtail");
-}
-
-// Escaped text longer than a block, with an escape on every other byte.
-TEST(OutputBuffer, EscapesSpanningBlocks) {
+    EXPECT_TRUE(out.str() == "held+" + std::string(kBlock + 1, 'x') + "tail");
+    // Escaped text longer than a block, with an escape on every other byte.
     size_t const count = kBlock / 2 + 100;
     std::ostringstream json;
     JsonFormatter().Format(MetaString::New(Repeat("a/", count)), json, 0);
-    EXPECT_EQ(FirstDifference(json.str(), "\"" + Repeat("a\\/", count) + "\""), std::string::npos);
+    EXPECT_TRUE(json.str() == "\"" + Repeat("a\\/", count) + "\"");
     std::ostringstream xml;
     XmlFormatter().Format(MetaString::New(Repeat("<&", count)), xml, 0);
-    EXPECT_EQ(FirstDifference(xml.str(), "<string>" + Repeat("&lt;&amp;", count) + "</string>\n"),
-              std::string::npos);
+    EXPECT_TRUE(xml.str() == "<string>" + Repeat("&lt;&amp;", count) + "</string>\n");
 }
 
 }  // namespace

@@ -28,16 +28,17 @@ std::shared_ptr<MetaObject> Chain(int levels) {
 
 TEST(DeepNesting, LimitIsNamedAndReleaseNeverRecurses) {
     std::vector<std::string> errors;
-    EXPECT_TRUE(Chain(999)->IsSameStructure(Chain(999), &errors));
+    auto const limit = Chain(1000);
+    EXPECT_TRUE(limit->IsSameStructure(Chain(1000), &errors));
     EXPECT_TRUE(errors.empty());
-    EXPECT_EQ(999u * 15, Chain(999)->ToString().size());  // "{'Sub' => '" ... "', }" per level
+    EXPECT_EQ(1000u * 15, limit->ToString().size());  // "{'Sub' => '" ... "', }" per level
 
-    auto const deep = Chain(20000);
-    EXPECT_FALSE(deep->IsSameStructure(Chain(20000), &errors));
+    EXPECT_FALSE(Chain(1001)->IsSameStructure(Chain(1001), &errors));
     // The refusal at the 1001st structure, then 1000 structures' and 1001 lists' messages.
     ASSERT_EQ(2002u, errors.size());
     EXPECT_EQ("Structure nested more than 1000 levels deep, unable to compare it.", errors[0]);
     EXPECT_EQ("List type mismatch list and input", errors.back());
+    auto const deep = Chain(20000);
     EXPECT_EQ("Structure nested more than 1000 levels deep, unable to print it.",
               ThrownMessage([&] { deep->ToString(); }));
     EXPECT_TRUE(deep->IsSameStructure(deep, nullptr));  // itself, without a walk

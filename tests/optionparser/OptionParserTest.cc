@@ -84,10 +84,8 @@ TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeat
     EXPECT_EQ((Pairs{{"x", "1"}, {"other", "2"}, {"x", "3"}}), parser.GetCommandParameters());
     EXPECT_TRUE(parser.GetParseErrors().empty());
     EXPECT_EQ((Words{"a.xml", "b.so"}), parser.GetDispatcherParameter("plugin"));
-    EXPECT_TRUE(parser.HasDispatcherParameter("screen-width"));
     EXPECT_FALSE(parser.HasDispatcherParameter("x"));
     EXPECT_EQ((Words{"1", "3"}), parser.GetCommandParameter("x"));
-    EXPECT_FALSE(parser.HasCommandParameter("plugin"));
 
     // Parsing again keeps earlier errors and already processed command options.
     OptionParser again;

@@ -158,37 +158,9 @@ TEST_F(DispatcherTest, DirectoryScanReadsOnlyRegularLowerCaseSoAndXmlFiles) {
                                refused("d.so", "a directory"));
 }
 
-// A constraint that cannot be checked, a command or a formatter throwing anything at all:
-// each ends as one message on the output, never as an exception.
-TEST_F(DispatcherTest, WhateverAChecksCommandOrFormatterThrowsBecomesAnError) {
-    auto constrained = [this](char const* name, char const* expression) {
-        auto constraint = CallSpec::ParameterConstraint::New(CallSpec::ConstraintRegex);
-        constraint->SetStringRegex(expression);
-        auto parameter = CallSpec::ParameterSpec::New(name, CallSpec::ParamString);
-        parameter->SetRequired(false);
-        parameter->SetConstraint(constraint);
-        command->declaredInput->AddParameter(parameter);
-    };
-    constrained("broken", "([a-z");
-    constrained("greedy", "(a*)*b");
-    auto run = [this](std::string const& parameter, std::string const& value) {
-        auto input = CommandInput::New();
-        input->SetCommandPath({"demo", "show"});
-        input->AddParameter(parameter, value);
-        auto output = CommandOutput::New();
-        EXPECT_FALSE(dispatcher.ExecuteCommand(input, output));
-        EXPECT_EQ(output->GetErrors().size(), 1u);
-        return output->GetErrors().empty() ? "" : output->GetErrors().front();
-    };
-    std::string const broken =
-        "Unable to check the value of parameter 'broken' against the "
-        "regular expression (([a-z): Unmatched";
-    EXPECT_EQ(run("broken", "abc").substr(0, broken.size()), broken);
-    std::string const greedy =
-        "Unable to check the value of parameter 'greedy' against the "
-        "regular expression ((a*)*b): ";
-    EXPECT_EQ(run("greedy", std::string(40, 'a')).substr(0, greedy.size()), greedy);
-    EXPECT_EQ(command->executions, 0);
+// A command or a formatter throwing anything at all ends as one message on the output, never
+// as an exception. (Constraints that cannot be checked are followed through the tool.)
+TEST_F(DispatcherTest, WhateverACommandOrFormatterThrowsBecomesAnError) {
     command->action = [](CallSpec::Input&, CallSpec::Output&) { throw 42; };
     EXPECT_EQ(Errors({"demo", "show"}, true),
               Names{"Error on command demo show : an exception of unknown type"});
