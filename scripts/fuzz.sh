@@ -26,7 +26,7 @@ launcher=""
 command -v ccache >/dev/null && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
 cmake -S . -B build/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE= \
       -DCMAKE_CXX_FLAGS="-O1 -g" -DTINDRA_BUILD_FUZZ=ON -DTINDRA_WERROR=ON \
-      -DTINDRA_BUILD_PLUGINS=OFF $launcher >/dev/null
+      -DTINDRA_BUILD_PLUGINS=OFF -DTINDRA_BUILD_TESTS=OFF $launcher >/dev/null
 cmake --build build/fuzz --target tindra_fuzzers
 
 failed=""
