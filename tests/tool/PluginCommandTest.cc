@@ -23,10 +23,10 @@ TEST(SecretPromptEndToEndTest, OnlyASecretWithoutValueIsReadFromStandardInput) {
     ExpectRun(Ostrel(WithPlugin({"clitest", "secret", "echo", "--password=a b"}), "unused\n"), 0,
               ":a b\n", "");
     // In a stream the prompt takes the next line.
-    ExpectRun(
-        Ostrel({"--input", "STDIN"}, "--plugin " TOOL_TEST_PLUGIN " clitest secret echo -p\ns3cret\n"
-                                     "clitest secret echo -p given\n"),
-        0, kPrompt + ":s3cret\n:given\n", "");
+    ExpectRun(Ostrel({"--input", "STDIN"},
+                     "--plugin " TOOL_TEST_PLUGIN " clitest secret echo -p\ns3cret\n"
+                     "clitest secret echo -p given\n"),
+              0, kPrompt + ":s3cret\n:given\n", "");
 }
 
 TEST(PluginCommandTest, OutcomesOfAPluginCommand) {
