@@ -12,20 +12,6 @@ using Kind = Tindra::CallSpec::ParameterType;
 
 namespace {
 
-TEST(TemplateTest, WorkedExampleByteForByte) {
-    CommandBuilder builder;
-    builder.Parameter("name", Kind::ParamString)
-        .Parameter("force", Kind::ParamFlag)
-        .Parameter("limit", Kind::ParamInt)
-        .Parameter("path", Kind::ParamStringList);
-    auto command = builder.Build(
-        "/usr/bin/prog -n '$val{name}' $if{force,-f} $if{limit,-l $val{limit}} "
-        "$multilist{path,--path,true}");
-    auto input = builder.Input({{"name", "O'Neil"}, {"force", ""}, {"path", "a b"}, {"path", "c"}});
-    EXPECT_EQ("/usr/bin/prog -n 'ONeil' -f   --path \"a b\" --path \"c\"",
-              command->SubstituteInput(input, false));
-}
-
 // The command line (or, with onStdin, the standard input) the template gives for the values.
 struct Filler : CommandBuilder {
     Filler(Kind kind, std::vector<std::pair<std::string, std::string>> const& values) {

@@ -51,3 +51,4 @@ find_program(TINDRA_CXXFILT_PROGRAM c++filt REQUIRED)
 add_test(NAME ExportedSymbols.MatchThePublicHeaders
          COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/kit/exported_symbols.sh $<TARGET_FILE:tindra>
                  ${PROJECT_SOURCE_DIR}/include ${CMAKE_NM} ${TINDRA_CXXFILT_PROGRAM})
+set_tests_properties(ExportedSymbols.MatchThePublicHeaders PROPERTIES LABELS tool)

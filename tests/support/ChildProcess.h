@@ -3,7 +3,6 @@
 
 // Runs code or a program in a child with standard streams on pipes. Header only.
 #include <errno.h>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
@@ -18,38 +17,25 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Pipe.h"
+
 extern char** environ;
 
 namespace TestSupport {
 
-class OwnedFd {
-public:
-    OwnedFd() = default;
-    explicit OwnedFd(int fd) : fd(fd) {}
-    OwnedFd(OwnedFd&& other) noexcept : fd(std::exchange(other.fd, -1)) {}
-    OwnedFd& operator=(OwnedFd&& other) noexcept {
-        Reset(std::exchange(other.fd, -1));
-        return *this;
-    }
-    ~OwnedFd() { Reset(); }
-    int Get() const { return fd; }
-    void Reset(int newFd = -1) {
-        if (fd >= 0)
-            close(fd);
-        fd = newFd;
-    }
-
-private:
-    int fd = -1;
+struct OwnedFd : Tindra::Platform::UniqueFd {
+    using UniqueFd::Reset;
+    using UniqueFd::UniqueFd;
+    void Reset() { Close(); }
 };
 
 struct Pipe {
     OwnedFd read, write;
     static Pipe Open() {
-        int fds[2];
-        if (pipe2(fds, O_CLOEXEC) != 0)
+        Pipe pipe;
+        if (Tindra::Platform::CreatePipe(pipe.read, pipe.write) != 0)
             throw std::runtime_error("pipe failed");
-        return Pipe{OwnedFd(fds[0]), OwnedFd(fds[1])};
+        return pipe;
     }
 };
 
@@ -79,9 +65,9 @@ inline int WaitForChild(pid_t pid) {
 // deadlock the test. pipes[0..2] are the child's in, out, err; the child's ends go here.
 inline ChildResult CollectFromChild(pid_t pid, Pipe (&pipes)[3], std::string const& input) {
     for (OwnedFd* childEnd : {&pipes[0].read, &pipes[1].write, &pipes[2].write})
-        childEnd->Reset();
+        childEnd->Close();
     if (input.empty())
-        pipes[0].write.Reset();
+        pipes[0].write.Close();
     ChildResult result;
     std::string* sinks[2] = {&result.out, &result.err};
     std::size_t written = 0;
@@ -95,18 +81,18 @@ inline ChildResult CollectFromChild(pid_t pid, Pipe (&pipes)[3], std::string con
             ssize_t n = write(pipes[0].write.Get(), input.data() + written, input.size() - written);
             written += n > 0 ? static_cast<std::size_t>(n) : 0;
             if (n < 0 || written == input.size())
-                pipes[0].write.Reset();
+                pipes[0].write.Close();
         }
         for (int i = 0; i < 2; ++i) {
             char buffer[65536];
             ssize_t n = fds[i].revents ? read(fds[i].fd, buffer, sizeof buffer) : 1;
             if (n <= 0)
-                pipes[i + 1].read.Reset();
+                pipes[i + 1].read.Close();
             else if (fds[i].revents)
                 sinks[i]->append(buffer, static_cast<std::size_t>(n));
         }
     }
-    pipes[0].write.Reset();
+    pipes[0].write.Close();
     result.status = WaitForChild(pid);
     return result;
 }

@@ -7,7 +7,7 @@ namespace {
 using namespace CliTest;
 
 Words WithPlugin(Words const& words) {
-    Words args = {"--plugin", CLI_TEST_PLUGIN};
+    Words args = {"--plugin", TOOL_TEST_PLUGIN};
     args.insert(args.end(), words.begin(), words.end());
     return args;
 }
@@ -23,10 +23,10 @@ TEST(SecretPromptEndToEndTest, OnlyASecretWithoutValueIsReadFromStandardInput) {
     ExpectRun(Ostrel(WithPlugin({"clitest", "secret", "echo", "--password=a b"}), "unused\n"), 0,
               ":a b\n", "");
     // In a stream the prompt takes the next line.
-    ExpectRun(
-        Ostrel({"--input", "STDIN"}, "--plugin " CLI_TEST_PLUGIN " clitest secret echo -p\ns3cret\n"
-                                     "clitest secret echo -p given\n"),
-        0, kPrompt + ":s3cret\n:given\n", "");
+    ExpectRun(Ostrel({"--input", "STDIN"},
+                     "--plugin " TOOL_TEST_PLUGIN " clitest secret echo -p\ns3cret\n"
+                     "clitest secret echo -p given\n"),
+              0, kPrompt + ":s3cret\n:given\n", "");
 }
 
 TEST(PluginCommandTest, OutcomesOfAPluginCommand) {
@@ -41,9 +41,9 @@ TEST(PluginCommandTest, OutcomesOfAPluginCommand) {
 }
 
 TEST(PluginCommandTest, PluginsFromADirectoryAndFromEarlierStreamLinesStay) {
-    ExpectRun(Ostrel({"--plugin-dir", CLI_TEST_PLUGIN_DIR, "clitest", "quiet", "run"}), 0, "", "");
+    ExpectRun(Ostrel({"--plugin-dir", TOOL_TEST_PLUGIN_DIR, "clitest", "quiet", "run"}), 0, "", "");
     ExpectRun(Ostrel({"--input", "STDIN"},
-                     "--plugin " CLI_TEST_PLUGIN " ostrel command list -c run\nclitest fail run\n"
+                     "--plugin " TOOL_TEST_PLUGIN " ostrel command list -c run\nclitest fail run\n"
                      "clitest secret echo -p x\n"),
               0,
               "Namespace      Command  Description\n"

@@ -55,20 +55,6 @@ TEST(CommandHelpTest, HelpAsACommandOptionShowsTheCommandsWrappedHelpInAnyFormat
         "their namespace path.\n";
     ExpectRun(Ostrel(List({}, {"--help"})), 0, help, "");
     ExpectRun(Ostrel(List({}, {"-c", "x", "-h"})), 0, help, "");
-    // Descriptions wrap under their column.
-    ExpectRun(Ostrel(List({"--screen-width", "60"}, {"-h"})), 0,
-              kListHelpUsage +
-                  "  -c|--command-filter       Show only commands containing \n"
-                  "                            the specified string in their \n"
-                  "                            name.\n"
-                  "  -d|--description-filter   Show only commands containing \n"
-                  "                            the specified string in their \n"
-                  "                            description.\n"
-                  "  -h|--help                 Show the help message.\n"
-                  "  -n|--namespace-filter     Show only commands containing \n"
-                  "                            the specified string in their \n"
-                  "                            namespace path.\n",
-              "");
     // The formatter option applies to help too.
     auto run = Ostrel(List({"--formatter", "xml"}, {"--help"}));
     EXPECT_EQ(0, run.status);

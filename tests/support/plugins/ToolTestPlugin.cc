@@ -1,4 +1,4 @@
-// The command-line tests' plug-in: a secret parameter, a command without default formatter
+// The tool tests' plug-in: a secret parameter, a command without default formatter
 // and a command that fails.
 #include <stdexcept>
 
@@ -52,7 +52,7 @@ std::shared_ptr<ScriptedCommand> BoolRun(char const* description, bool fails) {
 
 extern "C" void AutoCli_RegisterNamespaces(std::shared_ptr<Tindra::AutoCli::Namespace> root) {
     auto top = root->SubNamespace("clitest");
-    top->SetDescription("Commands of the command-line tests.");
+    top->SetDescription("Commands of the tool tests.");
     std::pair<char const*, std::shared_ptr<ScriptedCommand>> const commands[] = {
         {"secret", SecretEcho()},
         {"quiet", BoolRun("Do nothing visible.", false)},

@@ -29,12 +29,6 @@ TEST(ListingTest, NamespacesListTheirWrappedChildrenAndFail) {
     ExpectRun(Ostrel({"--bogus", "x", "ostrel", "command"}), 1,
               Listing("ostrel command ", "", "list  List all of the ostrel commands.\n"),
               "Errors: \nUnknown dispatcher parameter: bogus\n");
-    ExpectRun(Ostrel({"--screen-width", "60"}), 1,
-              Listing("",
-                      "ostrel  Commands that operate on the ostrel system itself \n"
-                      "        allowing users to get additional information.\n",
-                      ""),
-              "");
     // An unknown word ends the run with the resolver's message.
     ExpectRun(Ostrel({"ostrel", "command", "nosuch", "--x", "1"}), 1, "",
               "Errors: \nUnable to find a command or namespace with the name 'nosuch' in "

@@ -1,5 +1,5 @@
-#ifndef TINDRA_TESTS_CLI_OSTREL_H
-#define TINDRA_TESTS_CLI_OSTREL_H
+#ifndef TINDRA_TESTS_TOOL_OSTREL_H
+#define TINDRA_TESTS_TOOL_OSTREL_H
 
 #include <string>
 #include <vector>
