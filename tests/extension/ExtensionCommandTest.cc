@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <optional>
 #include <string>
@@ -94,6 +95,23 @@ TEST_F(ExtensionCommandTest, NoOutputIsReportedWithTheCommandLine) {
               Run("true")->GetErrors());
     // The prefix sets the language for the program.
     EXPECT_EQ("en_US.UTF-8", Root(Run("sh -c 'printf \"<o><string>%s</string></o>\" \"$LANG\"'")));
+}
+
+// The shell would see the line cut at the zero byte: here `touch /tmp/...` instead of `touch
+// /tmp/...-x`. Nothing is run.
+TEST_F(ExtensionCommandTest, ZeroByteInTheCommandLineIsRefused) {
+    std::string const target = ::testing::TempDir() + "zero-byte-target";
+    std::string const value = target + std::string(1, '\0');
+    auto output = Run("touch $val{xx}-x", "", value);
+    EXPECT_EQ((Errors{"Unable to run the command: the value of xx holds a zero byte, which "
+                      "cannot be passed on a command line."}),
+              output->GetErrors());
+    EXPECT_NE(0, access(target.c_str(), F_OK));
+    EXPECT_EQ((Errors{"Unable to run the command: its command template holds a zero byte."}),
+              Run(std::string("true\0x", 6))->GetErrors());
+    // The stdin template is written through a pipe, where a zero byte is only a byte.
+    EXPECT_EQ("a", Root(Run("printf '<o><string>'; tr -d '\\000'; printf '</string></o>'",
+                            std::string("a\0", 2))));
 }
 
 TEST_F(ExtensionCommandTest, DocumentBecomesTheRootValue) {

@@ -18,6 +18,26 @@ namespace {
 char const* const kDefaultLanguage = "LANG=en_US.UTF-8 ";
 char const* const kUserContext = "user";
 
+// The shell receives its command line as a C string, so a zero byte would silently cut it:
+// `rm -rf $val{dir}/cache` with the value "/" followed by a zero byte would remove "/". Such a
+// line is never run; the message names the parameters whose values hold the byte.
+std::string ZeroByteRefusal(CallSpec::Input& input) {
+    std::string names;
+    for (auto const& [name, values] : input.GetParameters()) {
+        for (std::string const& value : values) {
+            if (value.find('\0') != std::string::npos) {
+                names += (names.empty() ? "" : ", ") + name;
+                break;
+            }
+        }
+    }
+    if (names.empty()) {
+        return "Unable to run the command: its command template holds a zero byte.";
+    }
+    return "Unable to run the command: the value of " + names +
+           " holds a zero byte, which cannot be passed on a command line.";
+}
+
 }  // namespace
 
 std::shared_ptr<ExtensionCommand> ExtensionCommand::New() {
@@ -52,6 +72,10 @@ std::string ExtensionCommand::SubstituteInput(std::shared_ptr<CallSpec::Input> i
 void ExtensionCommand::ExecuteInternal(std::shared_ptr<CallSpec::Input> input,
                                        std::shared_ptr<CallSpec::Output> output) {
     std::string command = SubstituteInput(input, false);
+    if (command.find('\0') != std::string::npos) {
+        output->AddErrorMessage(ZeroByteRefusal(*input));
+        return;
+    }
     if (std::getenv("LANG") == nullptr) {
         command = kDefaultLanguage + command;
     }
