@@ -43,6 +43,8 @@ TEST(TemplateTest, ValuesAreEscapedByPlace) {
     EXPECT_EQ("p a \\#\\\n#\t\\#", Filler(Kind::ParamString, {{"xx", "a #\n#\t#"}})("p $val{xx}"));
     // Where the quoting is not followed, the value loses every shell character.
     EXPECT_EQ("$(echo 'its ab') its ab", fill("$(echo '$val{xx}') $val{xx}"));
+    EXPECT_EQ("${x:-} x}; done",
+              Filler(Kind::ParamString, {{"xx", "} #x"}})("${x:-$val{xx}}; done"));
     // Lines of a template are one text: a placeholder on a later line is found.
     EXPECT_EQ("p\nit\\'s a\\;b\n", fill("p\n$val{xx}\n"));
 }

@@ -100,10 +100,12 @@ std::string EscapeForPlace(std::string const& value, ShellPlace place, DoubleQuo
         default:
             break;
     }
+    // Where the quoting is not followed, a '#' could begin a comment that swallows the rest of
+    // the line, so it goes with the special characters.
     std::string kept;
     kept.reserve(value.size());
     for (char c : value) {
-        if (!isBadChar(c)) {
+        if (!isBadChar(c) && c != '#') {
             kept.push_back(c);
         }
     }
