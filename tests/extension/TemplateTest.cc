@@ -43,6 +43,9 @@ TEST(TemplateTest, ValuesAreEscapedByPlace) {
     EXPECT_EQ("p a \\#\\\n#\t\\#", Filler(Kind::ParamString, {{"xx", "a #\n#\t#"}})("p $val{xx}"));
     // Where the quoting is not followed, the value loses every shell character.
     EXPECT_EQ("$(echo 'its ab') its ab", fill("$(echo '$val{xx}') $val{xx}"));
+    // After a bare '$' the value can only go on to name a variable.
+    EXPECT_EQ("echo $HOME_2x \"$HOME_2x\"",
+              Filler(Kind::ParamString, {{"xx", "{HOME}_2;(x)"}})("echo $$val{xx} \"$$val{xx}\""));
     EXPECT_EQ("${x:-} x}; done",
               Filler(Kind::ParamString, {{"xx", "} #x"}})("${x:-$val{xx}}; done"));
     // Lines of a template are one text: a placeholder on a later line is found.

@@ -84,6 +84,20 @@ std::string SanitizeUnquoted(std::string const& value, bool atWordStart) {
     return escaped;
 }
 
+// Only what can continue a variable's name: anything else would start a construct of its own
+// (${...}, $(...)) or end the name and leave the rest unescaped.
+std::string KeepNameCharacters(std::string const& value) {
+    std::string kept;
+    for (char c : value) {
+        bool const nameChar =
+            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+        if (nameChar) {
+            kept.push_back(c);
+        }
+    }
+    return kept;
+}
+
 }  // namespace
 
 std::string EscapeForPlace(std::string const& value, ShellPlace place, DoubleQuoteEscape inDouble,
@@ -96,6 +110,8 @@ std::string EscapeForPlace(std::string const& value, ShellPlace place, DoubleQuo
                                                           : SanitizeInput(value);
         case ShellPlace::SingleQuoted:
             return SanitizeChar(value, '\'');
+        case ShellPlace::AfterDollar:
+            return KeepNameCharacters(value);
         case ShellPlace::Opaque:
         default:
             break;

@@ -8,7 +8,8 @@ namespace AutoCli {
 
 // Where a value lands in a command line, as the shell reads it there. Opaque is any place
 // whose quoting is not followed (inside a command substitution, a comment, a here-document...).
-enum class ShellPlace { Unquoted, SingleQuoted, DoubleQuoted, Opaque };
+// AfterDollar: right after a bare '$', where the value can only go on to name a variable.
+enum class ShellPlace { Unquoted, SingleQuoted, DoubleQuoted, AfterDollar, Opaque };
 
 // How a value is escaped inside double quotes: with SanitizeInput, or with only the four
 // characters that the shell still reads there escaped.

@@ -64,8 +64,11 @@ void TemplateQuoteScanner::Feed(char c) {
 }
 
 ShellPlace TemplateQuoteScanner::Place() const {
-    if (lost || dollar) {
+    if (lost) {
         return ShellPlace::Opaque;
+    }
+    if (dollar) {
+        return ShellPlace::AfterDollar;
     }
     switch (mode) {
         case Mode::Plain:
