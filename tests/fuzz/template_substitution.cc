@@ -12,6 +12,7 @@
 
 #include "fuzz/FuzzSupport.h"
 #include "fuzz/ShellStructure.h"
+#include "tindra/TindraException.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
 #include "tindra/callspec/Input.h"
 #include "tindra/callspec/InputSpec.h"
@@ -74,7 +75,12 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size) {
     }
     std::string const templateText = input.ConsumeRemainingBytesAsString();
     auto command = CommandWith(templateText);
-    std::string const harmless = Fill(*command, values, true);
+    std::string harmless;
+    try {
+        harmless = Fill(*command, values, true);
+    } catch (Tindra::TindraException const&) {
+        return 0;  // a template that misuses a parameter ends the call with that message
+    }
     Fuzz::ShellStructure const expected = Fuzz::ShellStructureOf(harmless);
     if (!expected.complete) {
         return 0;  // a template that is not a shell command line on its own proves nothing
