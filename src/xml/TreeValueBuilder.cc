@@ -8,9 +8,8 @@ namespace AutoCli {
 
 namespace {
 
-template <typename Node>
-Node* FirstValueChild(Node* node) {
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+xmlNode* FirstValueChild(xmlNode* node) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!IsSkippedChildName(GrammarNodeName(child))) {
             return child;
         }
@@ -18,11 +17,10 @@ Node* FirstValueChild(Node* node) {
     return nullptr;
 }
 
-template <typename Node>
-void AddField(MetaObj::MetaStruct& structure, Node* field) {
+void AddField(MetaObj::MetaStruct& structure, xmlNode* field) {
     std::string name = XmlUtil_ExtractAttribute(field, "name");
     CheckFieldName(name);
-    Node* valueNode = FirstValueChild(field);
+    xmlNode* valueNode = FirstValueChild(field);
     if (valueNode != nullptr) {
         structure.SetField(name, XmlUtil_BuildMetaObject(valueNode),
                            MetaObj::MetaStruct::_docEmpty);
@@ -31,8 +29,7 @@ void AddField(MetaObj::MetaStruct& structure, Node* field) {
 
 }  // namespace
 
-template <typename Node>
-std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(Node* node) {
+std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node) {
     ValueTag tag = ClassifyValueTag(GrammarNodeName(node));
     switch (tag) {
         case ValueTag::List:
@@ -44,16 +41,15 @@ std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(Node* node) {
     }
 }
 
-template <typename Node>
-std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(Node* node) {
+std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node) {
     auto structure = MetaObj::MetaStruct::New(XmlUtil_ExtractAttribute(node, "typeName"));
     // Counted first: descriptors keep thousands of these prototypes, each exactly this size.
     size_t fieldCount = 0;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         fieldCount += IsFieldName(GrammarNodeName(child)) ? 1 : 0;
     }
     structure->ReserveFields(fieldCount);
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsFieldName(GrammarNodeName(child))) {
             AddField(*structure, child);
         }
@@ -61,18 +57,17 @@ std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(Node* node) {
     return structure;
 }
 
-template <typename Node>
-std::shared_ptr<MetaObj::MetaList> BuildMetaList(Node* node) {
+std::shared_ptr<MetaObj::MetaList> BuildMetaList(xmlNode* node) {
     MetaObj::MetaType itemType = ListItemTypeFromAttribute(XmlUtil_ExtractAttribute(node, "type"));
     // The first item of a compound list is built once and serves as its prototype too;
     // building it twice doubled the work at every level of nested lists.
-    Node* first = IsCompoundItemType(itemType) ? FirstValueChild(node) : nullptr;
+    xmlNode* first = IsCompoundItemType(itemType) ? FirstValueChild(node) : nullptr;
     std::shared_ptr<MetaObj::MetaObject> firstItem;
     if (first != nullptr) {
         firstItem = XmlUtil_BuildMetaObject(first);
     }
     auto list = MakeValueList(itemType, ListPrototypeOf(firstItem));
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (child == first) {
             list->Add(firstItem);
         } else if (!IsSkippedChildName(GrammarNodeName(child))) {
@@ -81,21 +76,6 @@ std::shared_ptr<MetaObj::MetaList> BuildMetaList(Node* node) {
     }
     return list;
 }
-
-// The builders for the parser's tree and for its compact copy.
-std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(xmlNode* node) {
-    return XmlUtil_BuildMetaObject<xmlNode>(node);
-}
-std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(xmlNode* node) {
-    return BuildMetaStruct<xmlNode>(node);
-}
-std::shared_ptr<MetaObj::MetaList> BuildMetaList(xmlNode* node) {
-    return BuildMetaList<xmlNode>(node);
-}
-
-template std::shared_ptr<MetaObj::MetaObject> XmlUtil_BuildMetaObject(CompactNode const* node);
-template std::shared_ptr<MetaObj::MetaStruct> BuildMetaStruct(CompactNode const* node);
-template std::shared_ptr<MetaObj::MetaList> BuildMetaList(CompactNode const* node);
 
 }  // namespace AutoCli
 }  // namespace Tindra

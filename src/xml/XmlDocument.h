@@ -3,9 +3,12 @@
 
 // Internal: ownership of a parsed libxml2 document, freed on every way out of the reader.
 
+#include <libxml/parser.h>
 #include <libxml/tree.h>
 
+#include <climits>
 #include <memory>
+#include <string_view>
 
 namespace Tindra {
 namespace AutoCli {
@@ -15,6 +18,16 @@ struct XmlDocumentDeleter {
 };
 
 using XmlDocument = std::unique_ptr<xmlDoc, XmlDocumentDeleter>;
+
+// Parses a document held in memory. The URL names it in the parser's diagnostics, which read
+// as they would for the file of that name. Empty when the text is not well-formed.
+inline XmlDocument ParseXmlDocument(std::string_view text, char const* url, int options) {
+    if (text.size() > static_cast<size_t>(INT_MAX)) {
+        return XmlDocument();
+    }
+    return XmlDocument(
+        xmlReadMemory(text.data(), static_cast<int>(text.size()), url, nullptr, options));
+}
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -16,12 +16,6 @@ struct XmlCharDeleter {
 };
 using XmlString = std::unique_ptr<xmlChar, XmlCharDeleter>;
 
-template <typename Node>
-bool HasName(Node const* node, char const* tag) {
-    char const* name = GrammarNodeName(node);
-    return name[0] == tag[0] && std::strcmp(name, tag) == 0;  // most names differ at once
-}
-
 xmlAttr const* FindAttribute(xmlNode const* node, char const* name) {
     for (xmlAttr const* attribute = node->properties; attribute != nullptr;
          attribute = attribute->next) {
@@ -49,7 +43,7 @@ bool MayHaveDefaultAttributes(xmlNode const* node) {
 std::string XmlUtil_ExtractAttribute(xmlNode* node, char const* name) {
     // Read in place where possible: every element of every descriptor is asked for several
     // attributes, and copying each value through libxml2 showed in the loading profile. The
-    // rare rest (entity references, DTD defaults) is left to libxml2.
+    // rare rest (entity references, defaults from a document type) is left to libxml2.
     if (node->type == XML_ELEMENT_NODE) {
         xmlAttr const* attribute = FindAttribute(node, name);
         if (attribute == nullptr && !MayHaveDefaultAttributes(node)) {
@@ -70,10 +64,9 @@ std::string XmlUtil_ExtractAttribute(xmlNode* node, std::string const& name) {
     return XmlUtil_ExtractAttribute(node, name.c_str());
 }
 
-template <typename Node>
-std::string XmlUtil_GetContent(Node* node) {
+std::string XmlUtil_GetContent(xmlNode* node) {
     char const* content = "";
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (char const* text = ContentOf(child)) {
             content = text;
         }
@@ -81,11 +74,10 @@ std::string XmlUtil_GetContent(Node* node) {
     return std::string(content);
 }
 
-template <typename Node>
-std::string XmlUtil_GetContentForChildByTag(Node* node, char const* tag) {
+std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag) {
     std::string found;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
-        if (!HasName(child, tag)) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        if (!HasTag(child, tag)) {
             continue;
         }
         if (!found.empty()) {
@@ -97,16 +89,14 @@ std::string XmlUtil_GetContentForChildByTag(Node* node, char const* tag) {
     return found;
 }
 
-template <typename Node>
-std::string XmlUtil_GetContentForChildByTag(Node* node, std::string const& tag) {
+std::string XmlUtil_GetContentForChildByTag(xmlNode* node, std::string const& tag) {
     return XmlUtil_GetContentForChildByTag(node, tag.c_str());
 }
 
-template <typename Node>
-Node* XmlUtil_FindChildNode(Node* node, char const* tag) {
-    Node* found = nullptr;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
-        if (!HasName(child, tag)) {
+xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag) {
+    xmlNode* found = nullptr;
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
+        if (!HasTag(child, tag)) {
             continue;
         }
         if (found != nullptr) {
@@ -118,34 +108,9 @@ Node* XmlUtil_FindChildNode(Node* node, char const* tag) {
     return found;
 }
 
-template <typename Node>
-Node* XmlUtil_FindChildNode(Node* node, std::string const& tag) {
+xmlNode* XmlUtil_FindChildNode(xmlNode* node, std::string const& tag) {
     return XmlUtil_FindChildNode(node, tag.c_str());
 }
-
-// The readers for the parser's tree and for its compact copy.
-std::string XmlUtil_GetContent(xmlNode* node) {
-    return XmlUtil_GetContent<xmlNode>(node);
-}
-std::string XmlUtil_GetContentForChildByTag(xmlNode* node, char const* tag) {
-    return XmlUtil_GetContentForChildByTag<xmlNode>(node, tag);
-}
-std::string XmlUtil_GetContentForChildByTag(xmlNode* node, std::string const& tag) {
-    return XmlUtil_GetContentForChildByTag<xmlNode>(node, tag.c_str());
-}
-xmlNode* XmlUtil_FindChildNode(xmlNode* node, char const* tag) {
-    return XmlUtil_FindChildNode<xmlNode>(node, tag);
-}
-xmlNode* XmlUtil_FindChildNode(xmlNode* node, std::string const& tag) {
-    return XmlUtil_FindChildNode<xmlNode>(node, tag.c_str());
-}
-
-template std::string XmlUtil_GetContent(CompactNode const* node);
-template std::string XmlUtil_GetContentForChildByTag(CompactNode const* node, char const* tag);
-template std::string XmlUtil_GetContentForChildByTag(CompactNode const* node,
-                                                     std::string const& tag);
-template CompactNode const* XmlUtil_FindChildNode(CompactNode const* node, char const* tag);
-template CompactNode const* XmlUtil_FindChildNode(CompactNode const* node, std::string const& tag);
 
 }  // namespace AutoCli
 }  // namespace Tindra

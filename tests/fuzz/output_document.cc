@@ -1,6 +1,5 @@
 // Command output is whatever an external program printed. The streaming reader, fed the text
-// whole or in pieces, must read it exactly as the parser's own tree reads it, and the compact
-// copy of a document must show the node readers what the parser's tree shows them.
+// whole or in pieces, must read it exactly as the parser's own tree reads it.
 #include <libxml/parser.h>
 
 #include <algorithm>
@@ -10,12 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "xml/CompactTreeBuilder.h"
+#include "fuzz/FuzzSupport.h"
 #include "xml/OutputDocumentReader.h"
 #include "xml/SaxDocumentParser.h"
 #include "xml/ValueGrammar.h"
 #include "xml/XmlUtil.h"
-#include "fuzz/FuzzSupport.h"
 
 namespace {
 
@@ -71,57 +69,6 @@ std::shared_ptr<MetaObject> ReadInPieces(std::string const& text) {
     return stream.Finish();
 }
 
-std::vector<std::string> AttributeNames(xmlNode* node) {
-    std::vector<std::string> names;
-    if (node->type == XML_ELEMENT_NODE) {
-        for (xmlAttr* attribute = node->properties; attribute; attribute = attribute->next) {
-            names.emplace_back(reinterpret_cast<char const*>(attribute->name));
-        }
-    }
-    return names;
-}
-
-std::vector<std::string> AttributeNames(CompactNode const* node) {
-    std::vector<std::string> names;
-    for (auto* attribute = node->firstAttribute; attribute; attribute = attribute->next) {
-        names.emplace_back(attribute->name);
-    }
-    return names;
-}
-
-// Everything the node readers can learn from a subtree.
-template <typename Node>
-std::string DescribeNode(Node* node) {
-    std::string text = std::string("<") + GrammarNodeName(node);
-    for (std::string const& name : AttributeNames(node)) {
-        text += " " + name + "=[" + XmlUtil_ExtractAttribute(node, name) + "]";
-    }
-    if (char const* content = ContentOf(node)) {
-        text += " content=[" + std::string(content) + "]";
-    }
-    text += CarriesContent(node) ? " carries>" : ">";
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
-        text += DescribeNode(child);
-    }
-    return text + "</>";
-}
-
-void CompareCompactCopy(std::string const& text) {
-    CompactTree tree;
-    CompactTreeBuilder builder(tree);
-    SaxDocumentParser parser(builder);
-    parser.Feed(text.data(), text.size());
-    bool const wellFormed = parser.Finish();
-    Document doc = ParseTree(text);
-    Fuzz::Require(wellFormed == (doc != nullptr), "event parser and tree agree on well-formedness",
-                  text);
-    if (!wellFormed || !builder.IsFaithful()) {
-        return;
-    }
-    Fuzz::Require(DescribeNode(xmlDocGetRootElement(doc.get())) == DescribeNode(tree.Root()),
-                  "compact copy equals the parser's tree", text);
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -138,6 +85,5 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size) {
     std::string const pieces = Fuzz::Outcome([&] { return ReadInPieces(text); });
     Fuzz::Require(whole == pieces, "reading in pieces equals reading whole",
                   "whole:  " + whole + "\npieces: " + pieces);
-    CompareCompactCopy(text);
     return 0;
 }

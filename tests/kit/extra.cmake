@@ -27,6 +27,10 @@ target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
 set(programSanitize "")
 if(TINDRA_SANITIZE)
   set(programSanitize "-fsanitize=address,undefined")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # The library takes clang's shared sanitizer runtime, so the program must take it too.
+    string(APPEND programSanitize " -shared-libsan -Wl,-rpath,${TINDRA_SANITIZER_RUNTIME_DIR}")
+  endif()
 endif()
 target_compile_definitions(${target} PRIVATE
   TINDRA_PROGRAM_SANITIZE="${programSanitize}"

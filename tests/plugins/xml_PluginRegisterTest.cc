@@ -1,5 +1,6 @@
-// Hanging descriptor contents into the tree: the validation pass that keeps conflicts from
-// changing anything, the shared top-level namespaces, and what the second pass leaves behind.
+// From a descriptor file into the tree: the order of the pending registrations, the validation
+// pass that keeps conflicts from changing anything, the shared top-level namespaces, and what
+// the second pass leaves behind.
 #include <gtest/gtest.h>
 
 #include <list>
@@ -18,24 +19,26 @@ using namespace DescriptorTest;
 using Tindra::AutoCli::RootNamespace;
 using Tindra::AutoCli::XmlPlugin;
 using Names = std::vector<std::string>;
+using Spaces = std::vector<std::pair<std::string, std::string>>;  // path, description
 
 class XmlPluginRegisterTest : public ::testing::Test {
 protected:
-    // Registers a plug-in with the given namespaces (path, description) and command paths.
-    std::string Register(std::vector<std::pair<std::string, std::string>> const& spaces,
-                         Names const& commands = {}) {
-        std::string body = "<namespaces>";
-        for (auto const& [path, description] : spaces) {
-            body += NamespaceElement(path, description);
-        }
-        body += "</namespaces><commands>";
+    // A descriptor file with commands first in the document, then namespaces.
+    std::string Write(Spaces const& spaces, Names const& commands, CommandParts parts = {}) {
+        std::string body = "<commands>";
         for (auto const& path : commands) {
-            CommandParts parts;
             parts.path = path;
             body += parts.Element();
         }
-        plugin = XmlPlugin::New(
-            files.Write("p" + std::to_string(++count) + ".xml", Descriptor(body + "</commands>")));
+        body += "</commands><namespaces>";
+        for (auto const& [path, description] : spaces) {
+            body += NamespaceElement(path, description);
+        }
+        return files.Write("p" + std::to_string(++count) + ".xml",
+                           Descriptor(body + "</namespaces>"));
+    }
+    std::string Register(Spaces const& spaces, Names const& commands = {}) {
+        plugin = XmlPlugin::New(Write(spaces, commands));
         plugin->Initialize();
         return ThrownMessage([&] { plugin->RegisterNamespaces(root); });
     }
@@ -48,6 +51,25 @@ protected:
     std::shared_ptr<XmlPlugin> plugin;
     std::shared_ptr<RootNamespace> root = RootNamespace::New(nullptr);
 };
+
+TEST_F(XmlPluginRegisterTest, NamespacesFirstThenCommandsAndAFailedFileKeepsNothing) {
+    auto read = XmlPlugin::New(Write({{"b", "Bee"}, {"a", "Ay"}}, {"b.second", "a.first"}));
+    read->Initialize();
+    std::vector<std::string> order;
+    for (auto const& [path, node] : read->GetPendingRegistrations()) {
+        order.push_back(path + " " + std::to_string(node->GetType()) + " " +
+                        node->GetDescription());
+    }
+    EXPECT_EQ((Names{"b 1 Bee", "a 1 Ay", "b.second 2 Runs", "a.first 2 Runs"}), order);
+    EXPECT_EQ("Xml Plugin doesn't not support formatters",
+              ThrownMessage([&] { read->GetFormatter("table"); }));
+
+    CommandParts broken;
+    broken.execute = "";
+    auto failed = XmlPlugin::New(Write({{"demo", "Demo"}}, {"demo.run"}, broken));
+    EXPECT_NE("<nothing thrown>", ThrownMessage([&] { failed->Initialize(); }));
+    EXPECT_TRUE(failed->GetPendingRegistrations().empty());
+}
 
 TEST_F(XmlPluginRegisterTest, ParentsFirstAndTopLevelNamespacesDescribedAlikeShared) {
     std::string const none = "<nothing thrown>";
@@ -81,16 +103,14 @@ TEST_F(XmlPluginRegisterTest, AMissingParentFailsInTheSecondPassAndEarlierEntrie
     EXPECT_EQ((Names{"run"}), Children({"alpha"}));
 }
 
-TEST(XmlPluginDispatcherTest, TheBuiltInNamespaceIsSharedWhenDescribedAlike) {
-    DescriptorFiles files;
+// A descriptor may add to the built-in namespace if it describes it word for word.
+TEST_F(XmlPluginRegisterTest, TheBuiltInNamespaceIsSharedWhenDescribedAlike) {
     Tindra::AutoCli::Dispatcher dispatcher;
-    dispatcher.AddPlugin(files.Write(
-        "alike.xml", Descriptor("<namespaces>" +
-                                NamespaceElement("ostrel",
-                                                 "Commands that operate on the ostrel system "
-                                                 "itself allowing users to get additional "
-                                                 "information.") +
-                                NamespaceElement("ostrel.extra", "More") + "</namespaces>")));
+    dispatcher.AddPlugin(Write({{"ostrel",
+                                 "Commands that operate on the ostrel system itself allowing "
+                                 "users to get additional information."},
+                                {"ostrel.extra", "More"}},
+                               {}));
     std::list<std::string> path = {"ostrel"};
     EXPECT_EQ((Names{"command", "extra"}),
               dispatcher.GetRootNamespace()->ResolveNode(path)->GetNamespaceNodeNames());

@@ -1,8 +1,8 @@
 // Reads the meta data, default format and output prototype of a descriptor command.
 #include <string>
 
-#include "autocli/plugins/DescriptorReaders.h"
 #include "tindra/TindraException.h"
+#include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "xml/ValueGrammar.h"
 #include "xml/XmlUtil.h"
 
@@ -22,12 +22,11 @@ void AddExampleFromMetaData(std::string const& name, ExtensionCommand& command) 
     }
 }
 
-template <typename Node>
-void ExtractMetaDataEntry(Node* entry, ExtensionCommand& command) {
+void ExtractMetaDataEntry(xmlNode* entry, ExtensionCommand& command) {
     std::string name;
     // Each piece of content sets the field again, so the last piece wins; an empty entry
     // sets nothing and its name is not looked at.
-    for (Node* piece = FirstChildOf(entry); piece != nullptr; piece = piece->next) {
+    for (xmlNode* piece = FirstChildOf(entry); piece != nullptr; piece = piece->next) {
         if (!CarriesContent(piece)) {
             continue;
         }
@@ -45,9 +44,8 @@ void ExtractMetaDataEntry(Node* entry, ExtensionCommand& command) {
 
 }  // namespace
 
-template <typename Node>
-void ExtractMetaData(Node* node, std::shared_ptr<ExtensionCommand> command) {
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsSkippedChildName(GrammarNodeName(child))) {
             continue;
         }
@@ -61,10 +59,9 @@ void ExtractMetaData(Node* node, std::shared_ptr<ExtensionCommand> command) {
     }
 }
 
-template <typename Node>
-void ExtractFormatParams(Node* node, std::shared_ptr<ExtensionCommand> command) {
+void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
     bool formatterSeen = false;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, "formatter")) {
             if (formatterSeen) {
                 throw TindraException("Invalid plugin format.  Duplicate <formatter> tags found");
@@ -78,11 +75,10 @@ void ExtractFormatParams(Node* node, std::shared_ptr<ExtensionCommand> command) 
     }
 }
 
-template <typename Node>
-std::shared_ptr<OutputSpec> ExtractOutputSpec(Node* node) {
+std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node) {
     std::shared_ptr<OutputSpec> spec = OutputSpec::New();
     bool found = false;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsSkippedChildName(GrammarNodeName(child))) {
             continue;
         }
@@ -102,22 +98,6 @@ std::shared_ptr<OutputSpec> ExtractOutputSpec(Node* node) {
     }
     return spec;
 }
-
-// The readers for the parser's tree and for its compact copy.
-void ExtractMetaData(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
-    ExtractMetaData<xmlNode>(node, std::move(command));
-}
-void ExtractFormatParams(xmlNode* node, std::shared_ptr<ExtensionCommand> command) {
-    ExtractFormatParams<xmlNode>(node, std::move(command));
-}
-std::shared_ptr<OutputSpec> ExtractOutputSpec(xmlNode* node) {
-    return ExtractOutputSpec<xmlNode>(node);
-}
-
-template void ExtractMetaData(CompactNode const* node, std::shared_ptr<ExtensionCommand> command);
-template void ExtractFormatParams(CompactNode const* node,
-                                  std::shared_ptr<ExtensionCommand> command);
-template std::shared_ptr<OutputSpec> ExtractOutputSpec(CompactNode const* node);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -1,8 +1,8 @@
 // Reads <constraint> elements of descriptor parameters and the enumerations inside them.
 #include <string>
 
-#include "autocli/plugins/DescriptorReaders.h"
 #include "tindra/TindraException.h"
+#include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "xml/ValueGrammar.h"
 #include "xml/XmlUtil.h"
 
@@ -54,8 +54,7 @@ std::shared_ptr<ParameterConstraint> MakeEnumConstraint(ParameterConstraintType 
     return constraint;
 }
 
-template <typename Node>
-std::shared_ptr<ParameterConstraint> MakeRegexConstraint(Node* child) {
+std::shared_ptr<ParameterConstraint> MakeRegexConstraint(xmlNode* child) {
     std::shared_ptr<ParameterConstraint> constraint =
         ParameterConstraint::New(CallSpec::ConstraintRegex);
     std::string const expression = XmlUtil_GetContent(child);
@@ -67,8 +66,7 @@ std::shared_ptr<ParameterConstraint> MakeRegexConstraint(Node* child) {
     return constraint;
 }
 
-template <typename Node>
-std::shared_ptr<ParameterConstraint> MakeRangeConstraint(Node* child) {
+std::shared_ptr<ParameterConstraint> MakeRangeConstraint(xmlNode* child) {
     std::shared_ptr<ParameterConstraint> constraint =
         ParameterConstraint::New(CallSpec::ConstraintIntRange);
     long minimum = 0;
@@ -85,8 +83,7 @@ std::shared_ptr<ParameterConstraint> MakeRangeConstraint(Node* child) {
 
 }  // namespace
 
-template <typename Node>
-std::shared_ptr<ParameterConstraint> ExtractParamConstraint(Node* node) {
+std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node) {
     std::string const keyword = XmlUtil_ExtractAttribute(node, "type");
     ConstraintKind kind;
     if (!ConstraintKindFromKeyword(keyword, kind)) {
@@ -99,7 +96,7 @@ std::shared_ptr<ParameterConstraint> ExtractParamConstraint(Node* node) {
     // stays set once any of them held data.
     std::shared_ptr<ParameterConstraint> constraint;
     bool found = false;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasTag(child, kind.childTag)) {
             continue;
         }
@@ -123,10 +120,9 @@ std::shared_ptr<ParameterConstraint> ExtractParamConstraint(Node* node) {
     return constraint;
 }
 
-template <typename Node>
-Enumeration ExtractEnum(Node* node) {
+Enumeration ExtractEnum(xmlNode* node) {
     Enumeration values;
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (IsSkippedChildName(GrammarNodeName(child))) {
             continue;
         }
@@ -136,7 +132,7 @@ Enumeration ExtractEnum(Node* node) {
                 GrammarNodeName(child));
         }
         // One pair per piece of content, so an empty element counts for nothing.
-        for (Node* piece = FirstChildOf(child); piece != nullptr; piece = piece->next) {
+        for (xmlNode* piece = FirstChildOf(child); piece != nullptr; piece = piece->next) {
             if (!CarriesContent(piece)) {
                 continue;
             }
@@ -150,17 +146,6 @@ Enumeration ExtractEnum(Node* node) {
     }
     return values;
 }
-
-// The readers for the parser's tree and for its compact copy.
-std::shared_ptr<ParameterConstraint> ExtractParamConstraint(xmlNode* node) {
-    return ExtractParamConstraint<xmlNode>(node);
-}
-Enumeration ExtractEnum(xmlNode* node) {
-    return ExtractEnum<xmlNode>(node);
-}
-
-template std::shared_ptr<ParameterConstraint> ExtractParamConstraint(CompactNode const* node);
-template Enumeration ExtractEnum(CompactNode const* node);
 
 }  // namespace AutoCli
 }  // namespace Tindra

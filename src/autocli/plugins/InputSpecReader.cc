@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
-#include "autocli/plugins/DescriptorReaders.h"
 #include "tindra/TindraException.h"
+#include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "tindra/callspec/ParameterSpec.h"
 #include "xml/ValueGrammar.h"
 #include "xml/XmlUtil.h"
@@ -58,8 +58,7 @@ struct ParameterText {
     std::string description;
 };
 
-template <typename Node>
-ParameterText ReadParameterText(Node* node) {
+ParameterText ReadParameterText(xmlNode* node) {
     ParameterText text;
     text.name = XmlUtil_ExtractAttribute(node, "name");
     text.type = XmlUtil_ExtractAttribute(node, "type");
@@ -105,9 +104,8 @@ ParameterType CheckParameterText(ParameterText const& text) {
 }
 
 // Every <constraint> child in order; a later one replaces an earlier one.
-template <typename Node>
-void ReadConstraints(Node* node, ParameterSpec& parameter) {
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+void ReadConstraints(xmlNode* node, ParameterSpec& parameter) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (!HasTag(child, "constraint")) {
             continue;
         }
@@ -122,10 +120,9 @@ void ReadConstraints(Node* node, ParameterSpec& parameter) {
 
 }  // namespace
 
-template <typename Node>
-std::shared_ptr<InputSpec> ExtractInputSpec(Node* node) {
+std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
     std::shared_ptr<InputSpec> spec = InputSpec::New();
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, "parameter")) {
             ExtractInputParam(child, spec);
         } else if (HasTag(child, "context-supported")) {
@@ -135,8 +132,7 @@ std::shared_ptr<InputSpec> ExtractInputSpec(Node* node) {
     return spec;
 }
 
-template <typename Node>
-void ExtractInputParam(Node* node, std::shared_ptr<InputSpec> spec) {
+void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
     ParameterText text = ReadParameterText(node);
     ParameterType const type = CheckParameterText(text);
     std::shared_ptr<ParameterSpec> parameter = ParameterSpec::New(std::move(text.name), type);
@@ -151,17 +147,6 @@ void ExtractInputParam(Node* node, std::shared_ptr<InputSpec> spec) {
     ReadConstraints(node, *parameter);
     spec->AddParameter(parameter);
 }
-
-// The readers for the parser's tree and for its compact copy.
-std::shared_ptr<InputSpec> ExtractInputSpec(xmlNode* node) {
-    return ExtractInputSpec<xmlNode>(node);
-}
-void ExtractInputParam(xmlNode* node, std::shared_ptr<InputSpec> spec) {
-    ExtractInputParam<xmlNode>(node, std::move(spec));
-}
-
-template std::shared_ptr<InputSpec> ExtractInputSpec(CompactNode const* node);
-template void ExtractInputParam(CompactNode const* node, std::shared_ptr<InputSpec> spec);
 
 }  // namespace AutoCli
 }  // namespace Tindra

@@ -3,12 +3,10 @@
 
 #include <libxml/parser.h>
 
-#include "autocli/plugins/CompactDescriptor.h"
-#include "autocli/plugins/DescriptorReaders.h"
+#include "platform/FileContent.h"
 #include "platform/RegularFile.h"
 #include "tindra/TindraException.h"
-#include "xml/CompactTree.h"
-#include "xml/ValueGrammar.h"
+#include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "xml/XmlDocument.h"
 #include "xml/XmlUtil.h"
 
@@ -18,6 +16,9 @@ namespace AutoCli {
 namespace {
 
 char const kDescriptorVersion[] = "1.0.0";
+
+// Far above any real descriptor; a larger file is refused rather than read into memory.
+size_t const kLargestDescriptor = 10 * 1000 * 1000;
 
 // Runs a reading step and rewraps its error with the context the caller knows; the context
 // text is only composed on error, as steps run once per command.
@@ -31,19 +32,18 @@ void WithContext(Context&& context, Step&& step) {
 }
 
 // Applies step to every child element of node that carries the tag, in document order.
-template <typename Node, typename Step>
-void ForEachChildTagged(Node* node, char const* tag, Step&& step) {
-    for (Node* child = FirstChildOf(node); child != nullptr; child = child->next) {
+template <typename Step>
+void ForEachChildTagged(xmlNode* node, char const* tag, Step&& step) {
+    for (xmlNode* child = FirstChildOf(node); child != nullptr; child = child->next) {
         if (HasTag(child, tag)) {
             step(child);
         }
     }
 }
 
-template <typename Node>
-size_t CountChildrenTagged(Node* node, char const* tag) {
+size_t CountChildrenTagged(xmlNode* node, char const* tag) {
     size_t count = 0;
-    ForEachChildTagged(node, tag, [&count](Node*) { ++count; });
+    ForEachChildTagged(node, tag, [&count](xmlNode*) { ++count; });
     return count;
 }
 
@@ -70,17 +70,15 @@ void XmlPlugin::Initialize() {
     }
 }
 
-// The reading steps are defined before their first use, which instantiates them.
-template <typename Node>
-void XmlPlugin::ReadRoot(Node* root) {
+void XmlPlugin::ReadRoot(xmlNode* root) {
     if (XmlUtil_GetContentForChildByTag(root, "version") != kDescriptorVersion) {
         throw TindraException("Unknown ostrel extention version.  Valid versions are: '1.0.0'");
     }
-    Node* namespaces = XmlUtil_FindChildNode(root, "namespaces");
+    xmlNode* namespaces = XmlUtil_FindChildNode(root, "namespaces");
     if (namespaces != nullptr) {
         AddNamespaces(namespaces);
     }
-    Node* commands = XmlUtil_FindChildNode(root, "commands");
+    xmlNode* commands = XmlUtil_FindChildNode(root, "commands");
     if (commands != nullptr) {
         AddCommands(commands);
     }
@@ -92,14 +90,12 @@ void XmlPlugin::ReadRoot(Node* root) {
 
 // The registrations stay with the plug-in for its life, so they get the room they need and
 // no more.
-template <typename Node>
-void XmlPlugin::AddNamespaces(Node* node) {
+void XmlPlugin::AddNamespaces(xmlNode* node) {
     pending.reserve(pending.size() + CountChildrenTagged(node, "namespace"));
-    ForEachChildTagged(node, "namespace", [this](Node* child) { AddNamespace(child); });
+    ForEachChildTagged(node, "namespace", [this](xmlNode* child) { AddNamespace(child); });
 }
 
-template <typename Node>
-void XmlPlugin::AddNamespace(Node* node) {
+void XmlPlugin::AddNamespace(xmlNode* node) {
     std::string path = XmlUtil_ExtractAttribute(node, "path");
     std::string description = XmlUtil_GetContentForChildByTag(node, "description");
     if (path.empty() || description.empty()) {
@@ -112,14 +108,12 @@ void XmlPlugin::AddNamespace(Node* node) {
     pending.emplace_back(std::move(path), std::move(space));
 }
 
-template <typename Node>
-void XmlPlugin::AddCommands(Node* node) {
+void XmlPlugin::AddCommands(xmlNode* node) {
     pending.reserve(pending.size() + CountChildrenTagged(node, "command"));
-    ForEachChildTagged(node, "command", [this](Node* child) { AddCommand(child); });
+    ForEachChildTagged(node, "command", [this](xmlNode* child) { AddCommand(child); });
 }
 
-template <typename Node>
-void XmlPlugin::AddCommand(Node* node) {
+void XmlPlugin::AddCommand(xmlNode* node) {
     std::string const path = XmlUtil_ExtractAttribute(node, "path");
     if (path.empty()) {
         throw TindraException(
@@ -131,26 +125,25 @@ void XmlPlugin::AddCommand(Node* node) {
                 [&] { ReadCommand(node, path, std::move(description)); });
 }
 
-template <typename Node>
-void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string description) {
+void XmlPlugin::ReadCommand(xmlNode* node, std::string const& path, std::string description) {
     std::shared_ptr<ExtensionCommand> command = ExtensionCommand::New();
     command->SetDescription(std::move(description));
-    if (Node* metaData = XmlUtil_FindChildNode(node, "meta-data")) {
+    if (xmlNode* metaData = XmlUtil_FindChildNode(node, "meta-data")) {
         ExtractMetaData(metaData, command);
     }
-    Node* inputSpec = XmlUtil_FindChildNode(node, "input-spec");
+    xmlNode* inputSpec = XmlUtil_FindChildNode(node, "input-spec");
     if (inputSpec == nullptr) {
         throw TindraException(
             "Unable to find <input-spec> element, which is required for a command.");
     }
     command->SetInputSpec(ExtractInputSpec(inputSpec));
-    Node* outputSpec = XmlUtil_FindChildNode(node, "output-spec");
+    xmlNode* outputSpec = XmlUtil_FindChildNode(node, "output-spec");
     if (outputSpec == nullptr) {
         throw TindraException(
             "Unable to find <output-spec> element, which is required for a command.");
     }
     command->SetOutputSpec(ExtractOutputSpec(outputSpec));
-    Node* formatParameters = XmlUtil_FindChildNode(node, "format-parameters");
+    xmlNode* formatParameters = XmlUtil_FindChildNode(node, "format-parameters");
     if (formatParameters == nullptr) {
         throw TindraException(
             "Unable to find <format-parameters> element, which is required for a command.");
@@ -167,21 +160,19 @@ void XmlPlugin::ReadCommand(Node* node, std::string const& path, std::string des
     pending.emplace_back(path, std::move(command));
 }
 
-// Most files are read from a compact copy of their tree; the rest, and every file that does
-// not parse, through the parser's own tree, which also prints the parser's diagnostics.
+// The bytes come from the descriptor opened once as a regular file, never again by name: a
+// name swapped for a FIFO after the check would block the parser.
 void XmlPlugin::ReadDescriptor() {
-    // The parser would wait forever on a FIFO, and read whatever a device gives it.
     std::string const kind = Platform::NonRegularFileKind(fileName);
     if (!kind.empty()) {
         throw TindraException(fileName + " is " + kind + ", not a regular file");
     }
-    CompactTree tree;
-    if (ReadCompactDescriptor(fileName, tree)) {
-        ReadRoot(tree.Root());
-        return;
+    std::string text;
+    XmlDocument document;
+    if (Platform::ReadFileContent(fileName, kLargestDescriptor, text)) {
+        // Compact storage of short texts only saves allocations; the tree is the same.
+        document = ParseXmlDocument(text, fileName.c_str(), XML_PARSE_COMPACT);
     }
-    // Compact storage of short texts only saves allocations; the tree is the same.
-    XmlDocument const document(xmlReadFile(fileName.c_str(), nullptr, XML_PARSE_COMPACT));
     xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
     if (root == nullptr) {
         throw TindraException("Unable to parse XML descriptor: " + fileName);

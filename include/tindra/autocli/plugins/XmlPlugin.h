@@ -12,6 +12,7 @@
 #include "tindra/autocli/tree/Namespace.h"
 #include "tindra/autocli/tree/NamespaceNode.h"
 #include "tindra/autocli/tree/Plugin.h"
+#include "tindra/autocli/xml/XmlNode.h"
 
 namespace Tindra {
 namespace AutoCli {
@@ -38,21 +39,13 @@ public:
     std::vector<Registration> const& GetPendingRegistrations() const { return pending; }
 
 private:
-    // The steps below take an element of the parser's tree or of a compact copy of it; their
-    // definitions, and the node types, stay in the implementation.
     void ReadDescriptor();
-    template <typename Node>
-    void ReadRoot(Node* root);
-    template <typename Node>
-    void AddNamespaces(Node* node);
-    template <typename Node>
-    void AddNamespace(Node* node);
-    template <typename Node>
-    void AddCommands(Node* node);
-    template <typename Node>
-    void AddCommand(Node* node);
-    template <typename Node>
-    void ReadCommand(Node* node, std::string const& path, std::string description);
+    void ReadRoot(xmlNode* root);
+    void AddNamespaces(xmlNode* node);
+    void AddNamespace(xmlNode* node);
+    void AddCommands(xmlNode* node);
+    void AddCommand(xmlNode* node);
+    void ReadCommand(xmlNode* node, std::string const& path, std::string description);
     // A registration's path taken apart: the names of the parent namespace, and the node's own.
     struct PathNames {
         std::list<std::string> parent;
