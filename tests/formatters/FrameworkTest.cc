@@ -79,6 +79,7 @@ TEST(FormatField, EveryFormatThatTakesTheValueIsApplied) {
         // No conversion at all, or one the C library prints as text.
         {"disk", MetaInt::New(3), "MB", "disk MB"},
         {"100%% %y", MetaString::New("x"), nullptr, "100% %y"},
+        {"%05%|%-3%%d", MetaInt::New(4), nullptr, "%|%4"},  // flags before '%' print one '%'
         // A number or a truth value asked for as text is its printed form.
         {"%4s|", MetaInt::New(7), nullptr, "   7|"},
         {"%s", MetaBool::New(true), nullptr, MetaBool::New(true)->ToString()},

@@ -160,7 +160,9 @@ void PrintfFormat::Analyse() {
             refusal = EINVAL;  // a '%' without a conversion, as the C library answers it
             return;
         }
-        if (!IsKnownKind(found.kind) && found.kind != '*') {
+        if (found.kind == '%') {
+            *literal += "%%";  // flags or a width before '%' change nothing the C library prints
+        } else if (!IsKnownKind(found.kind) && found.kind != '*') {
             *literal += "%%" + format.substr(i + 1, at - i - 1);
         } else if (conversion || found.kind == '*') {
             refusal = EINVAL;
