@@ -22,6 +22,10 @@ std::string EscapeWithBackslash(std::string const& text, NeedsEscape needsEscape
 
 }  // namespace
 
+bool IsNameChar(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+}
+
 bool isBadChar(char c) {
     switch (c) {
         case '\n':

@@ -22,6 +22,9 @@ enum class DoubleQuoteEscape { Sanitize, Minimal };
 std::string EscapeForPlace(std::string const& value, ShellPlace place, DoubleQuoteEscape inDouble,
                            bool atWordStart);
 
+// A byte that may stand in a shell variable's name.
+bool IsNameChar(char c);
+
 // For text that the template puts inside double quotes, where the shell still expands
 // $ and backquotes and reads backslashes: each of those, and the double quote, is escaped.
 std::string EscapeInsideDoubleQuotes(std::string const& text);

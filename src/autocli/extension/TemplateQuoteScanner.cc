@@ -24,10 +24,6 @@ bool EndsWord(char c) {
     }
 }
 
-bool IsNameChar(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
-
 // Inside double quotes a backslash escapes only these.
 bool EscapableInDoubleQuotes(char c) {
     return c == '$' || c == '`' || c == '"' || c == '\\' || c == '\n';
@@ -37,6 +33,7 @@ bool EscapableInDoubleQuotes(char c) {
 
 void TemplateQuoteScanner::Feed(char c) {
     if (lost) {
+        dollar = c == '$';  // still known: a value after it gets name characters only
         return;
     }
     switch (mode) {
@@ -64,11 +61,12 @@ void TemplateQuoteScanner::Feed(char c) {
 }
 
 ShellPlace TemplateQuoteScanner::Place() const {
-    if (lost) {
-        return ShellPlace::Opaque;
-    }
+    // Name characters alone are safe wherever the '$' stands, quoting followed or not.
     if (dollar) {
         return ShellPlace::AfterDollar;
+    }
+    if (lost) {
+        return ShellPlace::Opaque;
     }
     switch (mode) {
         case Mode::Plain:
