@@ -1,6 +1,8 @@
 #ifndef TINDRA_SRC_XML_OUTPUTVALUEBUILDER_H
 #define TINDRA_SRC_XML_OUTPUTVALUEBUILDER_H
 
+#include <libxml/tree.h>
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -8,24 +10,23 @@
 #include "tindra/metaobj/MetaList.h"
 #include "tindra/metaobj/MetaObject.h"
 #include "tindra/metaobj/MetaStruct.h"
-#include "xml/NodeEventSink.h"
 #include "xml/ValueGrammar.h"
 
 namespace Tindra {
 namespace AutoCli {
 
-// Builds the value of an output document from its nodes as they stream past, applying the
-// grammar rules in the same order as the tree builder, so that both give the same value and
-// the same first error. After the first error the rest of the document is only passed over.
-class OutputValueBuilder : public NodeEventSink {
+// Builds the value of an output document while libxml2 builds its tree, with the node readers
+// and grammar rules of the tree builder, in the order the tree builder applies them, so that
+// both give the same value and the same first error. A part of the tree that the value no
+// longer needs is freed as soon as it is read: only the open elements stay.
+class OutputValueBuilder {
 public:
-    void ElementStart(char const* name, AttributeSource const& attributes) override;
-    void ElementEnd() override;
-    void Characters(char const* text, size_t length) override;
-    void CdataBlock(char const* text, size_t length) override;
-    void Comment(char const* text) override;
-    void OtherNode(char const* name) override;
-    void DocumentEnd() override;
+    // Called after libxml2 has linked the node into its tree.
+    void ElementOpened(xmlNode* element);
+    void ElementClosed();
+    // A complete node that is not an element (CDATA, processing instruction, entity
+    // reference) under the innermost open element; text and comments are never values.
+    void NodeAdded(xmlNode* node);
 
     bool SawRootElement() const { return sawRoot; }
     bool Failed() const { return failed; }
@@ -33,19 +34,16 @@ public:
     std::shared_ptr<MetaObj::MetaObject> const& Value() const { return value; }
 
 private:
-    enum class Role { Root, Skipped, List, Structure, Field, Scalar };
-    // The kind of an element's latest child, which decides whether text continues a node.
-    enum class LastChild { None, Text, Cdata, Other };
+    enum class Role { Passive, Root, Field, List, Structure, Scalar };
 
     struct Frame {
-        explicit Frame(Role role) : role(role) {}
+        Frame(xmlNode* node, Role role) : node(node), role(role) {}
+        xmlNode* node;
         Role role;
-        LastChild lastChild = LastChild::None;
-        bool hasValueChild = false;                  // Root, Field
-        std::shared_ptr<MetaObj::MetaObject> value;  // Root, Field
-        std::string text;                            // Scalar: content of the last content child
-        ValueTag tag = ValueTag::String;             // Scalar
-        std::string fieldName;                       // Field
+        bool hasValueChild = false;                              // Root, Field
+        std::shared_ptr<MetaObj::MetaObject> value;              // Root, Field
+        std::string fieldName;                                   // Field
+        ValueTag tag = ValueTag::String;                         // Scalar
         std::shared_ptr<MetaObj::MetaStruct> structure;          // Structure
         MetaObj::MetaType itemType = MetaObj::MetaType::String;  // List
         std::shared_ptr<MetaObj::MetaList> list;                 // List
@@ -53,13 +51,11 @@ private:
 
     template <typename Step>
     void Guarded(Step step);
-    void OpenChild(char const* name, AttributeSource const& attributes, bool isElement);
-    void StartValue(char const* name, AttributeSource const& attributes, bool isElement);
-    void StartField(AttributeSource const& attributes, bool isElement);
-    void ReserveLikeSiblings(MetaObj::MetaStruct& structure) const;
-    void CloseTop();
-    void Deliver(std::shared_ptr<MetaObj::MetaObject> item);
-    void AddContent(LastChild kind, char const* text, size_t length);
+    Frame ChildFrame(Frame& parent, xmlNode* child);
+    Frame ValueFrame(xmlNode* node) const;
+    std::shared_ptr<MetaObj::MetaObject> Finished(Frame& frame);
+    void Deliver(Frame& parent, std::shared_ptr<MetaObj::MetaObject> item);
+    void FreeWhatIsRead(xmlNode* closed);
 
     std::vector<Frame> frames;
     bool sawRoot = false;
