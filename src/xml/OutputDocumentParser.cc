@@ -240,11 +240,22 @@ void OutputDocumentParser::OnCharacters(void* parserContext, xmlChar const* text
     OutputDocumentParser* self = ForMainDocument(parserContext);
     if (self != nullptr) {
         self->FlushCdata();
+        self->cdataLength = 0;
         self->textLength += static_cast<size_t>(length);
         if (self->textLength > kLargestTextNode) {
             self->Refuse();
             return;
         }
+        // Text is a scalar's value or else passed over (mostly the white space between
+        // elements): no node is made for it.
+        if (self->builder.ReadsText()) {
+            self->Guarded([&] {
+                self->builder.AddContent(OutputValueBuilder::Content::Text,
+                                         reinterpret_cast<char const*>(text),
+                                         static_cast<size_t>(length));
+            });
+        }
+        return;
     }
     xmlSAX2Characters(parserContext, text, length);
 }
@@ -258,18 +269,38 @@ void OutputDocumentParser::OnCdataBlock(void* parserContext, xmlChar const* text
         return;
     }
     self->textLength = 0;
+    self->cdataLength += static_cast<size_t>(length);
+    if (self->cdataLength > kLargestTextNode) {
+        self->Refuse();
+        return;
+    }
+    if (self->builder.ReadsText()) {
+        self->Guarded([&] {
+            self->builder.AddContent(OutputValueBuilder::Content::Cdata,
+                                     reinterpret_cast<char const*>(text),
+                                     static_cast<size_t>(length));
+        });
+        return;
+    }
     self->cdataPending = true;
     self->cdata.append(reinterpret_cast<char const*>(text), static_cast<size_t>(length));
-    if (self->cdata.size() > kLargestTextNode) {
-        self->Refuse();
-    }
 }
 
 void OutputDocumentParser::OnComment(void* parserContext, xmlChar const* text) {
-    if (OutputDocumentParser* self = ForMainDocument(parserContext)) {
-        self->BeforeOtherNode();
+    OutputDocumentParser* self = ForMainDocument(parserContext);
+    if (self == nullptr) {
+        xmlSAX2Comment(parserContext, text);
+        return;
     }
-    xmlSAX2Comment(parserContext, text);  // a comment is never a value
+    // A comment is never a value, only a scalar's text.
+    self->BeforeOtherNode();
+    if (self->builder.ReadsText()) {
+        char const* content = reinterpret_cast<char const*>(text);
+        self->Guarded([&] {
+            self->builder.AddContent(OutputValueBuilder::Content::Comment, content,
+                                     std::char_traits<char>::length(content));
+        });
+    }
 }
 
 void OutputDocumentParser::OnProcessingInstruction(void* parserContext, xmlChar const* target,
@@ -313,6 +344,7 @@ void OutputDocumentParser::OnError(void*, xmlError* error) {
 void OutputDocumentParser::BeforeOtherNode() {
     FlushCdata();
     textLength = 0;
+    cdataLength = 0;
 }
 
 void OutputDocumentParser::FlushCdata() {

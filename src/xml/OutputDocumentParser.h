@@ -79,9 +79,10 @@ private:
     bool refused = false;
     bool rootClosed = false;
     std::vector<xmlNode*> openElements;
-    size_t textLength = 0;  // of the text node being built
+    size_t textLength = 0;   // of the text node being built
+    size_t cdataLength = 0;  // of the CDATA node being built
     bool cdataPending = false;
-    std::string cdata;  // the CDATA node being built, made when another node follows
+    std::string cdata;  // outside a scalar: the CDATA node, made when another node follows
     std::exception_ptr failure;
 };
 

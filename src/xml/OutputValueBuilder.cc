@@ -10,10 +10,10 @@ namespace AutoCli {
 namespace {
 
 void FreeChildren(xmlNode* parent) {
-    while (xmlNode* child = parent->children) {
-        xmlUnlinkNode(child);
-        xmlFreeNode(child);
-    }
+    xmlNode* children = parent->children;
+    parent->children = nullptr;
+    parent->last = nullptr;
+    xmlFreeNodeList(children);
 }
 
 }  // namespace
@@ -42,9 +42,30 @@ void OutputValueBuilder::ElementOpened(xmlNode* element) {
         sawRoot = true;
         return;
     }
-    Frame frame(element, Role::Passive);
-    Guarded([&] { frame = ChildFrame(frames.back(), element); });
-    frames.push_back(std::move(frame));
+    frames.emplace_back(element, Role::Passive);
+    Guarded([&] {
+        Frame& parent = frames[frames.size() - 2];
+        if (parent.role == Role::Scalar) {
+            parent.lastChild = LastChild::Other;
+        } else if (parent.role != Role::Passive) {
+            frames.back() = ChildFrame(parent, element);
+        }
+    });
+}
+
+// A scalar's text is the content of its last text, CDATA or comment child, not of all of
+// them. Consecutive text makes one text node, consecutive CDATA one CDATA node.
+void OutputValueBuilder::AddContent(Content kind, char const* text, size_t length) {
+    Frame& scalar = frames.back();
+    LastChild const child = kind == Content::Text    ? LastChild::Text
+                            : kind == Content::Cdata ? LastChild::Cdata
+                                                     : LastChild::Other;
+    if (child != LastChild::Other && scalar.lastChild == child) {
+        scalar.text.append(text, length);
+    } else {
+        scalar.text.assign(text, length);
+    }
+    scalar.lastChild = child;
 }
 
 // What a child element is to its parent: the parent's value, an item, a field or nothing.
@@ -57,12 +78,12 @@ OutputValueBuilder::Frame OutputValueBuilder::ChildFrame(Frame& parent, xmlNode*
                 break;
             }
             parent.hasValueChild = true;
-            return ValueFrame(child);
+            return ValueFrame(parent, child);
         case Role::List:
             if (IsSkippedChildName(name)) {
                 break;
             }
-            return ValueFrame(child);
+            return ValueFrame(parent, child);
         case Role::Structure:
             if (IsFieldName(name)) {
                 Frame field(child, Role::Field);
@@ -77,7 +98,7 @@ OutputValueBuilder::Frame OutputValueBuilder::ChildFrame(Frame& parent, xmlNode*
     return Frame(child, Role::Passive);
 }
 
-OutputValueBuilder::Frame OutputValueBuilder::ValueFrame(xmlNode* node) const {
+OutputValueBuilder::Frame OutputValueBuilder::ValueFrame(Frame const& parent, xmlNode* node) {
     ValueTag const tag = ClassifyValueTag(GrammarNodeName(node));
     if (tag == ValueTag::List) {
         Frame frame(node, Role::List);
@@ -91,7 +112,6 @@ OutputValueBuilder::Frame OutputValueBuilder::ValueFrame(xmlNode* node) const {
         Frame frame(node, Role::Structure);
         frame.structure = MetaObj::MetaStruct::New(XmlUtil_ExtractAttribute(node, "typeName"));
         // Items of a list of structures have the fields of its first item.
-        Frame const& parent = frames.back();
         if (parent.role == Role::List && parent.list && parent.list->GetListStructure()) {
             frame.structure->ReserveFields(parent.list->GetListStructure()->GetFieldCount());
         }
@@ -127,6 +147,9 @@ void OutputValueBuilder::NodeAdded(xmlNode* node) {
                     CheckFieldName(XmlUtil_ExtractAttribute(node, "name"));
                 }
                 break;
+            case Role::Scalar:
+                parent.lastChild = LastChild::Other;
+                break;
             default:
                 break;
         }
@@ -137,27 +160,27 @@ void OutputValueBuilder::ElementClosed() {
     if (frames.empty()) {
         return;
     }
-    Frame frame = std::move(frames.back());
-    frames.pop_back();
     Guarded([&] {
+        Frame& frame = frames.back();
         if (frame.role == Role::Root) {
             value = std::move(frame.value);
         } else if (frame.role == Role::Field) {
             if (frame.value) {
-                frames.back().structure->SetField(frame.fieldName, frame.value,
-                                                  MetaObj::MetaStruct::_docEmpty);
+                frames[frames.size() - 2].structure->SetField(frame.fieldName, frame.value,
+                                                              MetaObj::MetaStruct::_docEmpty);
             }
         } else if (auto item = Finished(frame)) {
-            Deliver(frames.back(), std::move(item));
+            Deliver(frames[frames.size() - 2], std::move(item));
         }
     });
-    FreeWhatIsRead(frame.node);
+    frames.pop_back();
+    FreeWhatIsRead();
 }
 
 std::shared_ptr<MetaObj::MetaObject> OutputValueBuilder::Finished(Frame& frame) {
     switch (frame.role) {
         case Role::Scalar:
-            return MakeScalarValue(frame.tag, XmlUtil_GetContent(frame.node));
+            return MakeScalarValue(frame.tag, std::move(frame.text));
         case Role::List:
             return frame.list ? std::move(frame.list) : MakeValueList(frame.itemType, nullptr);
         case Role::Structure:
@@ -180,17 +203,10 @@ void OutputValueBuilder::Deliver(Frame& parent, std::shared_ptr<MetaObj::MetaObj
     parent.list->Add(item);
 }
 
-// Everything under an element that is not a scalar has been read once one of its child
-// elements closes. A scalar's text is the content of its last content child, so its child
-// elements stay as separators between texts, emptied.
-void OutputValueBuilder::FreeWhatIsRead(xmlNode* closed) {
-    if (frames.empty()) {
-        return;  // the root element: freed with the document
-    }
-    if (frames.back().role == Role::Scalar) {
-        FreeChildren(closed);
-    } else {
-        FreeChildren(frames.back().node);
+// Everything under an element has been read once one of its child elements closes.
+void OutputValueBuilder::FreeWhatIsRead() {
+    if (!frames.empty()) {
+        FreeChildren(frames.back().node);  // the root element is freed with the document
     }
 }
 

@@ -3,8 +3,9 @@
 // the same value, the same error or the same "not well-formed" verdict.
 //
 // An input beginning with byte 01 stands for a larger text: each byte 02 in it, followed by a
-// byte C and a byte N, becomes C repeated 9,999,990 + N % 20 times, around libxml2's limit for
-// one text node.
+// byte C and a byte N, becomes text of 9,999,990 + N % 20 characters as the parser reads them,
+// around libxml2's limit for one text node, made of one of a few pieces chosen by C that the
+// parser splits differently.
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 
@@ -28,6 +29,22 @@ using Tindra::MetaObj::MetaObject;
 
 size_t const kLargestTextNode = 10000000;
 
+// A piece and the bytes it gives once read.
+struct RunPiece {
+    char const* text;
+    size_t readLength;
+};
+RunPiece const kRunPieces[] = {{"x", 1}, {"\xc3\xa9", 2}, {"\r\n", 1}, {"&amp;", 1}, {"ab\n", 3}};
+
+std::string Run(unsigned char choice, size_t readLength) {
+    RunPiece const& piece = kRunPieces[choice % (sizeof kRunPieces / sizeof kRunPieces[0])];
+    std::string run;
+    for (size_t count = readLength / piece.readLength; count > 0; --count) {
+        run += piece.text;
+    }
+    return run.append(readLength % piece.readLength, 'x');
+}
+
 std::string Expanded(std::string const& text) {
     if (text.empty() || text[0] != '\x01') {
         return text;
@@ -36,8 +53,8 @@ std::string Expanded(std::string const& text) {
     int runs = 0;
     for (size_t at = 1; at < text.size(); ++at) {
         if (text[at] == '\x02' && at + 2 < text.size() && runs < 2) {
-            size_t const count = 9999990 + static_cast<unsigned char>(text[at + 2]) % 20;
-            expanded.append(count, text[at + 1]);
+            expanded += Run(static_cast<unsigned char>(text[at + 1]),
+                            9999990 + static_cast<unsigned char>(text[at + 2]) % 20);
             at += 2;
             ++runs;
         } else {
