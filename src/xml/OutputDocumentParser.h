@@ -15,9 +15,11 @@ namespace Tindra {
 namespace AutoCli {
 
 // Parses a command output document piece by piece as it arrives, with libxml2's push parser and
-// its own tree builder (the same nodes as the tree reader's), and shows every element and node
-// to the value builder as soon as libxml2 has built it. The builder frees what it has read, so
-// the tree never holds more than the open elements and their latest children.
+// its own tree builder for elements, attributes, entity references and processing instructions
+// (the same nodes as the tree reader's), and shows each to the value builder as soon as libxml2
+// has built it. Text, CDATA and comments go to the builder as they are when it reads them (a
+// scalar's) and are passed over elsewhere. The builder frees what it has read, so the tree never
+// holds more than the open elements and their latest children.
 //
 // The verdict is the tree reader's over the whole text (xmlReadMemory, no options), with one
 // difference of the push parser made good and one rule of this reader:
