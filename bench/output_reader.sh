@@ -22,8 +22,10 @@ for tool in xmllint /usr/bin/time; do
     command -v "$tool" >/dev/null || { echo "missing $tool (packages libxml2-utils, time)" >&2; exit 2; }
 done
 
+launcher=""
+command -v ccache >/dev/null && launcher="-DCMAKE_CXX_COMPILER_LAUNCHER=ccache"
 cmake -S "$ROOT" -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release -DTINDRA_BUILD_BENCH=ON \
-    -DTINDRA_BUILD_TESTS=OFF -DTINDRA_BUILD_PLUGINS=OFF >/dev/null
+    -DTINDRA_BUILD_TESTS=OFF -DTINDRA_BUILD_PLUGINS=OFF $launcher >/dev/null
 cmake --build "$BUILD" -j2 --target output_reader >/dev/null
 READER=$BUILD/bench/output_reader
 OSTREL=

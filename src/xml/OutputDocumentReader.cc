@@ -1,10 +1,11 @@
-// Reads command output documents without building their tree: outputs may hold hundreds of
-// thousands of rows, and the values are all that is kept.
+// Reads command output documents as they arrive, keeping only the part of the tree still
+// being read: outputs may hold hundreds of thousands of rows, and the values are all that is
+// kept.
 #include "xml/OutputDocumentReader.h"
 
 #include "tindra/TindraException.h"
+#include "xml/OutputDocumentParser.h"
 #include "xml/OutputValueBuilder.h"
-#include "xml/SaxDocumentParser.h"
 #include "xml/ValueGrammar.h"
 
 namespace Tindra {
@@ -13,7 +14,7 @@ namespace AutoCli {
 struct OutputDocumentStream::Reader {
     Reader() : parser(builder) {}
     OutputValueBuilder builder;
-    SaxDocumentParser parser;
+    OutputDocumentParser parser;
 };
 
 OutputDocumentStream::OutputDocumentStream() : reader(std::make_unique<Reader>()) {}

@@ -1,17 +1,20 @@
 #include "xml/OutputValueBuilder.h"
 
 #include "tindra/TindraException.h"
-#include "xml/ElementAttributes.h"
 #include "xml/ValueClone.h"
+#include "xml/XmlUtil.h"
 
 namespace Tindra {
 namespace AutoCli {
 
 namespace {
 
-// The tree's names for nodes that are not elements.
-char const* const kCommentName = "comment";
-char const* const kCdataName = "";
+void FreeChildren(xmlNode* parent) {
+    xmlNode* children = parent->children;
+    parent->children = nullptr;
+    parent->last = nullptr;
+    xmlFreeNodeList(children);
+}
 
 }  // namespace
 
@@ -23,208 +26,171 @@ void OutputValueBuilder::Guarded(Step step) {
     try {
         step();
     } catch (TindraException const& problem) {
+        // The first error is the answer; the rest of the document is only passed over.
         failed = true;
         error = problem.what();
-        frames.clear();
         value.reset();
+        for (Frame& frame : frames) {
+            frame = Frame(frame.node, Role::Passive);
+        }
     }
 }
 
-void OutputValueBuilder::ElementStart(char const* name, AttributeSource const& attributes) {
-    Guarded([&] {
-        if (!frames.empty()) {
-            OpenChild(name, attributes, true);
-        } else if (!sawRoot) {
-            sawRoot = true;
-            frames.emplace_back(Role::Root);
-        }
-    });
-}
-
-void OutputValueBuilder::ElementEnd() {
-    Guarded([&] {
-        if (!frames.empty()) {
-            CloseTop();
-        }
-    });
-}
-
-void OutputValueBuilder::Characters(char const* text, size_t length) {
-    Guarded([&] { AddContent(LastChild::Text, text, length); });
-}
-
-void OutputValueBuilder::CdataBlock(char const* text, size_t length) {
-    Guarded([&] { AddContent(LastChild::Cdata, text, length); });
-}
-
-void OutputValueBuilder::Comment(char const* text) {
-    Guarded([&] { AddContent(LastChild::Other, text, std::char_traits<char>::length(text)); });
-}
-
-void OutputValueBuilder::OtherNode(char const* name) {
-    Guarded([&] {
-        if (!frames.empty()) {
-            OpenChild(name, NoAttributes(), false);
-        }
-    });
-}
-
-void OutputValueBuilder::DocumentEnd() {
-    Guarded([&] {
-        while (!frames.empty()) {
-            CloseTop();
-        }
-    });
-}
-
-// Text, CDATA and comment nodes: the text of a scalar, a skipped or nameless node elsewhere.
-// A comment always makes a node of its own; text and CDATA continue a node of their kind.
-void OutputValueBuilder::AddContent(LastChild kind, char const* text, size_t length) {
+void OutputValueBuilder::ElementOpened(xmlNode* element) {
     if (frames.empty()) {
+        frames.emplace_back(element, sawRoot ? Role::Passive : Role::Root);
+        sawRoot = true;
         return;
     }
-    Frame& top = frames.back();
-    bool continues = kind != LastChild::Other && top.lastChild == kind;
-    if (top.role == Role::Scalar) {
-        if (continues) {
-            top.text.append(text, length);
-        } else {
-            top.text.assign(text, length);
+    frames.emplace_back(element, Role::Passive);
+    Guarded([&] {
+        Frame& parent = frames[frames.size() - 2];
+        if (parent.role == Role::Scalar) {
+            parent.lastChild = LastChild::Other;
+        } else if (parent.role != Role::Passive) {
+            frames.back() = ChildFrame(parent, element);
         }
-        top.lastChild = kind;
-        return;
-    }
-    if (continues) {
-        return;
-    }
-    if (kind == LastChild::Text) {
-        // A text node is passed over by every frame but a scalar's; this is the commonest node.
-        top.lastChild = kind;
-        return;
-    }
-    char const* name = kind == LastChild::Cdata ? kCdataName : kCommentName;
-    OpenChild(name, NoAttributes(), false);
-    if (!frames.empty()) {
-        frames.back().lastChild = kind;
-    }
+    });
 }
 
-void OutputValueBuilder::OpenChild(char const* name, AttributeSource const& attributes,
-                                   bool isElement) {
-    Frame& parent = frames.back();
-    parent.lastChild = LastChild::Other;
-    bool skipped = IsSkippedChildName(name);
+// A scalar's text is the content of its last text, CDATA or comment child, not of all of
+// them. Consecutive text makes one text node, consecutive CDATA one CDATA node.
+void OutputValueBuilder::AddContent(Content kind, char const* text, size_t length) {
+    Frame& scalar = frames.back();
+    LastChild const child = kind == Content::Text    ? LastChild::Text
+                            : kind == Content::Cdata ? LastChild::Cdata
+                                                     : LastChild::Other;
+    if (child != LastChild::Other && scalar.lastChild == child) {
+        scalar.text.append(text, length);
+    } else {
+        scalar.text.assign(text, length);
+    }
+    scalar.lastChild = child;
+}
+
+// What a child element is to its parent: the parent's value, an item, a field or nothing.
+OutputValueBuilder::Frame OutputValueBuilder::ChildFrame(Frame& parent, xmlNode* child) {
+    char const* name = GrammarNodeName(child);
     switch (parent.role) {
         case Role::Root:
         case Role::Field:
-            if (!parent.hasValueChild && !skipped) {
-                parent.hasValueChild = true;
-                StartValue(name, attributes, isElement);
-                return;
+            if (parent.hasValueChild || IsSkippedChildName(name)) {
+                break;
             }
-            break;
+            parent.hasValueChild = true;
+            return ValueFrame(parent, child);
         case Role::List:
-            if (!skipped) {
-                StartValue(name, attributes, isElement);
-                return;
+            if (IsSkippedChildName(name)) {
+                break;
             }
-            break;
+            return ValueFrame(parent, child);
         case Role::Structure:
             if (IsFieldName(name)) {
-                StartField(attributes, isElement);
-                return;
+                Frame field(child, Role::Field);
+                field.fieldName = XmlUtil_ExtractAttribute(child, "name");
+                CheckFieldName(field.fieldName);
+                return field;
             }
             break;
         default:
             break;
     }
-    if (isElement) {
-        frames.emplace_back(Role::Skipped);
-    }
+    return Frame(child, Role::Passive);
 }
 
-void OutputValueBuilder::StartValue(char const* name, AttributeSource const& attributes,
-                                    bool isElement) {
-    ValueTag tag = ClassifyValueTag(name);
+OutputValueBuilder::Frame OutputValueBuilder::ValueFrame(Frame const& parent, xmlNode* node) {
+    ValueTag const tag = ClassifyValueTag(GrammarNodeName(node));
     if (tag == ValueTag::List) {
-        Frame frame(Role::List);
-        frame.itemType = ListItemTypeFromAttribute(attributes.Get("type"));
+        Frame frame(node, Role::List);
+        frame.itemType = ListItemTypeFromAttribute(XmlUtil_ExtractAttribute(node, "type"));
         if (!IsCompoundItemType(frame.itemType)) {
             frame.list = MakeValueList(frame.itemType, nullptr);
         }
-        frames.push_back(std::move(frame));
-    } else if (tag == ValueTag::Structure) {
-        Frame frame(Role::Structure);
-        frame.structure = MetaObj::MetaStruct::New(attributes.Get("typeName"));
-        ReserveLikeSiblings(*frame.structure);
-        frames.push_back(std::move(frame));
-    } else {
-        frames.emplace_back(Role::Scalar);
-        frames.back().tag = tag;
+        return frame;
     }
-    if (!isElement) {
-        CloseTop();  // nodes other than elements have no children
-    }
-}
-
-// Items of a list of structures have the fields of its first item.
-void OutputValueBuilder::ReserveLikeSiblings(MetaObj::MetaStruct& structure) const {
-    Frame const& parent = frames.back();
-    if (parent.role == Role::List && parent.list) {
-        if (auto const& prototype = parent.list->GetListStructure()) {
-            structure.ReserveFields(prototype->GetFieldCount());
+    if (tag == ValueTag::Structure) {
+        Frame frame(node, Role::Structure);
+        frame.structure = MetaObj::MetaStruct::New(XmlUtil_ExtractAttribute(node, "typeName"));
+        // Items of a list of structures have the fields of its first item.
+        if (parent.role == Role::List && parent.list && parent.list->GetListStructure()) {
+            frame.structure->ReserveFields(parent.list->GetListStructure()->GetFieldCount());
         }
+        return frame;
     }
+    Frame frame(node, Role::Scalar);
+    frame.tag = tag;
+    return frame;
 }
 
-void OutputValueBuilder::StartField(AttributeSource const& attributes, bool isElement) {
-    std::string name = attributes.Get("name");
-    CheckFieldName(name);
-    frames.emplace_back(Role::Field);
-    frames.back().fieldName = std::move(name);
-    if (!isElement) {
-        CloseTop();
+void OutputValueBuilder::NodeAdded(xmlNode* node) {
+    if (frames.empty()) {
+        return;
     }
+    Guarded([&] {
+        Frame& parent = frames.back();
+        char const* name = GrammarNodeName(node);
+        switch (parent.role) {
+            case Role::Root:
+            case Role::Field:
+                if (!parent.hasValueChild && !IsSkippedChildName(name)) {
+                    parent.hasValueChild = true;
+                    Deliver(parent, XmlUtil_BuildMetaObject(node));
+                }
+                break;
+            case Role::List:
+                if (!IsSkippedChildName(name)) {
+                    Deliver(parent, XmlUtil_BuildMetaObject(node));
+                }
+                break;
+            case Role::Structure:
+                if (IsFieldName(name)) {
+                    CheckFieldName(XmlUtil_ExtractAttribute(node, "name"));
+                }
+                break;
+            case Role::Scalar:
+                parent.lastChild = LastChild::Other;
+                break;
+            default:
+                break;
+        }
+    });
 }
 
-void OutputValueBuilder::CloseTop() {
-    // The finished frame stays in place until its value is handed to its parent.
-    Frame& frame = frames.back();
-    std::shared_ptr<MetaObj::MetaObject> finished;
-    switch (frame.role) {
-        case Role::Root:
+void OutputValueBuilder::ElementClosed() {
+    if (frames.empty()) {
+        return;
+    }
+    Guarded([&] {
+        Frame& frame = frames.back();
+        if (frame.role == Role::Root) {
             value = std::move(frame.value);
-            break;
-        case Role::Field:
+        } else if (frame.role == Role::Field) {
             if (frame.value) {
-                Frame& parent = frames[frames.size() - 2];
-                parent.structure->SetField(frame.fieldName, frame.value,
-                                           MetaObj::MetaStruct::_docEmpty);
+                frames[frames.size() - 2].structure->SetField(frame.fieldName, frame.value,
+                                                              MetaObj::MetaStruct::_docEmpty);
             }
-            break;
-        case Role::List:
-            if (!frame.list) {
-                frame.list = MakeValueList(frame.itemType, nullptr);
-            }
-            finished = std::move(frame.list);
-            break;
-        case Role::Structure:
-            finished = std::move(frame.structure);
-            break;
-        case Role::Scalar:
-            finished = MakeScalarValue(frame.tag, std::move(frame.text));
-            break;
-        case Role::Skipped:
-            break;
-    }
+        } else if (auto item = Finished(frame)) {
+            Deliver(frames[frames.size() - 2], std::move(item));
+        }
+    });
     frames.pop_back();
-    if (finished) {
-        Deliver(std::move(finished));
+    FreeWhatIsRead();
+}
+
+std::shared_ptr<MetaObj::MetaObject> OutputValueBuilder::Finished(Frame& frame) {
+    switch (frame.role) {
+        case Role::Scalar:
+            return MakeScalarValue(frame.tag, std::move(frame.text));
+        case Role::List:
+            return frame.list ? std::move(frame.list) : MakeValueList(frame.itemType, nullptr);
+        case Role::Structure:
+            return std::move(frame.structure);
+        default:
+            return nullptr;
     }
 }
 
-void OutputValueBuilder::Deliver(std::shared_ptr<MetaObj::MetaObject> item) {
-    Frame& parent = frames.back();
+void OutputValueBuilder::Deliver(Frame& parent, std::shared_ptr<MetaObj::MetaObject> item) {
     if (parent.role != Role::List) {
         parent.value = std::move(item);  // Root or Field: their one value
         return;
@@ -235,6 +201,13 @@ void OutputValueBuilder::Deliver(std::shared_ptr<MetaObj::MetaObject> item) {
         parent.list = MakeValueList(parent.itemType, ListPrototypeOf(item));
     }
     parent.list->Add(item);
+}
+
+// Everything under an element has been read once one of its child elements closes.
+void OutputValueBuilder::FreeWhatIsRead() {
+    if (!frames.empty()) {
+        FreeChildren(frames.back().node);  // the root element is freed with the document
+    }
 }
 
 }  // namespace AutoCli
