@@ -39,7 +39,7 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 echo "Installing:$missing"
 if ! $sudo apt-get update -qq >/dev/null ||
-    ! DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq $missing >/dev/null; then
+    ! DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends $missing >/dev/null; then
     echo "Could not install the Debian packages:$missing" >&2
     echo "apt-get failed (is a Debian mirror reachable?). Install them with" \
         "apt-get install$missing, then run this again." >&2
