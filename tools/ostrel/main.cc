@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <iostream>
 
@@ -12,13 +11,6 @@
 #include "tindra/tindra.h"
 
 namespace {
-
-// Lets tests and diagnostics run the tool with only the built-in commands, whatever is
-// installed in the standard plug-in directories.
-bool SkipDefaultPlugins() {
-    char const* skip = std::getenv("OSTREL_SKIP_DEFAULT_PLUGINS");
-    return skip != nullptr && std::strcmp(skip, "1") == 0;
-}
 
 // A run builds its command tree and its output in many small pieces and then ends: growing the
 // heap in large steps, and never giving it back midway, spares thousands of system calls.
@@ -57,7 +49,7 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     try {
         Tindra::AutoCli::CliDispatcher dispatcher;
-        if (!SkipDefaultPlugins()) {
+        if (!Ostrel::DefaultPluginsSkipped()) {
             Ostrel::AddInstalledPluginDirectories(dispatcher);
         }
         dispatcher.HandleArgvInput(argc, argv);
