@@ -45,26 +45,23 @@ TEST(BundledDescriptorTest, LoadAndCallsWithoutOptionsLeaveNoPlaceholder) {
     static boost::regex const placeholder("\\$(val|if|list|multilist)\\{");
     // The installed copies differ only in the helpers' directory; they are written at install
     // time and run by the private-install tests.
-    for (std::string const variant : {"/bundled"}) {
-        Dispatcher dispatcher;
-        auto const files = DescriptorsIn(kBuildDir + variant);
-        for (auto const& file : files) {
-            EXPECT_NO_THROW(dispatcher.AddPlugin(file)) << file;
-        }
-        EXPECT_EQ(files.size() + 1, dispatcher.GetPluginNames().size()) << variant;
-        std::vector<std::shared_ptr<ExtensionCommand>> commands;
-        CollectCommands(dispatcher.GetRootNamespace(), commands);
-        EXPECT_FALSE(commands.empty()) << variant;
-        for (auto const& command : commands) {
-            // An optional value outside its own $if section would reach the helper as a literal.
-            auto input = Tindra::CallSpec::Input::New();
-            input->SetInputSpec(command->GetInputSpec());
-            for (bool forStdin : {false, true}) {
-                EXPECT_FALSE(
-                    boost::regex_search(command->SubstituteInput(input, forStdin), placeholder))
-                    << command->GetPathString(' ') << ": "
-                    << command->SubstituteInput(input, forStdin);
-            }
+    Dispatcher dispatcher;
+    auto const files = DescriptorsIn(kBuildDir + "/bundled");
+    for (auto const& file : files) {
+        EXPECT_NO_THROW(dispatcher.AddPlugin(file)) << file;
+    }
+    EXPECT_EQ(files.size() + 1, dispatcher.GetPluginNames().size());
+    std::vector<std::shared_ptr<ExtensionCommand>> commands;
+    CollectCommands(dispatcher.GetRootNamespace(), commands);
+    EXPECT_FALSE(commands.empty());
+    for (auto const& command : commands) {
+        // An optional value outside its own $if section would reach the helper as a literal.
+        auto input = Tindra::CallSpec::Input::New();
+        input->SetInputSpec(command->GetInputSpec());
+        for (bool forStdin : {false, true}) {
+            EXPECT_FALSE(
+                boost::regex_search(command->SubstituteInput(input, forStdin), placeholder))
+                << command->GetPathString(' ') << ": " << command->SubstituteInput(input, forStdin);
         }
     }
 }
