@@ -58,6 +58,9 @@ TEST(TemplateTest, ConditionalSections) {
     EXPECT_EQ("p  ||${HOME}", none(text));
     // A section's text ends at its first closing brace.
     EXPECT_EQ("p --x {a -y v}|{n{es}t}|${HOME}", both(text));
+    // Placeholders of values not given stay as written; only sections go.
+    EXPECT_EQ("'$val{yy}'  $multilist{yy,-o,true}",
+              none("'$val{yy}' $if{xx,-x} $multilist{yy,-o,true}"));
     // An unpaired brace is passed over; sections after it still go.
     EXPECT_EQ("p { ", none("p { $if{xx,a}"));
 }

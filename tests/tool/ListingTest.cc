@@ -29,14 +29,6 @@ TEST(ListingTest, NamespacesListTheirWrappedChildrenAndFail) {
     ExpectRun(Ostrel({"--bogus", "x", "ostrel", "command"}), 1,
               Listing("ostrel command ", "", "list  List all of the ostrel commands.\n"),
               "Errors: \nUnknown dispatcher parameter: bogus\n");
-    // An unknown word ends the run with the resolver's message.
-    ExpectRun(Ostrel({"ostrel", "command", "nosuch", "--x", "1"}), 1, "",
-              "Errors: \nUnable to find a command or namespace with the name 'nosuch' in "
-              "namespace ostrel command\n");
-    ExpectRun(Ostrel(List({}, {"more"})), 1, "",
-              "Errors: \nUnable to find a namespace or command with the name 'more' on the "
-              "command 'ostrel command list'. Commands cannot have sub-commands or "
-              "sub-namespaces.\n");
 }
 
 TEST(UsageTest, HelpPrintsTheUsageAloneNamingTheToolAsInvoked) {

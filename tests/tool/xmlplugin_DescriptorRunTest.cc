@@ -1,12 +1,11 @@
-// Descriptor plug-ins through the built tool: loading errors as the user sees them, the command
-// line and standard input made from the templates, the answers a program can give, and the
-// descriptor's formatter on what a program printed.
+// Descriptor plug-ins through the built tool: a broken descriptor beside a good one, a command
+// line made from the arguments, the errors a wrong answer ends in, and the descriptor's formatter
+// on what a program printed. Templates and answers alone are the extension tests' business.
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
 
 #include <string>
-#include <vector>
 
 #include "Ostrel.h"
 #include "support/DescriptorFiles.h"
@@ -14,14 +13,13 @@
 namespace {
 
 using namespace DescriptorTest;
-using CliTest::ExpectRun;
 using CliTest::Words;
 
 std::string Command(std::string const& name, std::string const& execute,
-                    std::string const& outputSpec = "<int/>", std::string const& extra = "") {
+                    std::string const& outputSpec) {
     CommandParts parts;
     parts.path = "demo." + name;
-    parts.execute = "<execute><![CDATA[" + execute + "]]></execute>" + extra;
+    parts.execute = "<execute><![CDATA[" + execute + "]]></execute>";
     parts.outputSpec = "<output-spec>" + outputSpec + "</output-spec>";
     parts.inputSpec = "<input-spec>";
     for (std::string const parameter :
@@ -45,100 +43,63 @@ std::string Item(std::string const& name, std::string const& size, std::string c
            "</int></field><field name=\"Up\"><bool>" + up + "</bool></field></structure>";
 }
 
-class DescriptorRunTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        unsetenv("LANG");  // runs choose their own
-        std::string const items =
-            files.Write("items.out", "<output><list type=\"structure\">" +
-                                         Item("a&amp;b&lt;c&gt;", "512", "true") +
-                                         Item("x", "0", "false") + "</list></output>");
-        demo = files.Write(
-            "b-demo.xml",
-            Descriptor(
-                "<namespaces>" + NamespaceElement("demo", "Demo") + "</namespaces><commands>" +
-                Command("quiet",
-                        "true -n '$val{name}' $if{force,-f} $if{limit,-l $val{limit}} "
-                        "$multilist{path,--path,true}") +
-                Command("echo", "cat", "<string/>",
-                        "<stdin><![CDATA[<output><string>$val{name}</string></output>]]></stdin>") +
-                Command("errors", "printf 'ERROR:disk busy\\nERROR: retry later\\n<output/>'") +
-                Command("malformed", "echo '<output><int>1</output>'") +
-                Command("mismatch", "echo '<output><string>1</string></output>'") +
-                Command("items", "cat '" + items + "'",
-                        "<list type=\"structure\">" + Item("", "", "") + "</list>") +
-                "</commands>"));
-    }
-    void TearDown() override {
-        if (!savedLang.empty()) {
-            setenv("LANG", savedLang.c_str(), 1);
-        }
-    }
-
-    // The tool with the given environment and, unless asked otherwise, the demo plug-in.
-    TestSupport::ChildResult Demo(Words args, Words environment = {"LANG=C"}) {
-        if (args[0] != "--plugin-dir")
-            args.insert(args.begin(), {"--plugin", demo});
-        return CliTest::Ostrel(args, "", environment);
-    }
-
+TEST(DescriptorRunTest, LoadsRunsAndFormats) {
+    // Without a language of the caller's, the command line shows the one the program gets.
     std::string const savedLang = getenv("LANG") ? getenv("LANG") : "";
+    unsetenv("LANG");
     DescriptorFiles files;
-    std::string demo;
-};
-
-TEST_F(DescriptorRunTest, ABrokenDescriptorIsReportedAndTheOthersStillLoad) {
+    std::string const items = files.Write(
+        "items.out", "<output><list type=\"structure\">" + Item("a&amp;b&lt;c&gt;", "512", "true") +
+                         Item("x", "0", "false") + "</list></output>");
+    std::string const demo = files.Write(
+        "b-demo.xml",
+        Descriptor("<namespaces>" + NamespaceElement("demo", "Demo") + "</namespaces><commands>" +
+                   Command("quiet",
+                           "true -n '$val{name}' $if{force,-f} $if{limit,-l $val{limit}} "
+                           "$multilist{path,--path,true}",
+                           "<int/>") +
+                   Command("mismatch", "echo '<output><string>1</string></output>'", "<int/>") +
+                   Command("items", "cat '" + items + "'",
+                           "<list type=\"structure\">" + Item("", "", "") + "</list>") +
+                   "</commands>"));
     std::string const broken =
         files.Write("a-broken.xml",
                     Descriptor("<commands><command path=\"demo.bad\"><input-spec/>"
                                "<format-parameters/><execute>x</execute></command></commands>"));
-    std::string const why =
-        "Unable to register the command 'ostrel demo.bad'  Error was Unable "
-        "to find <output-spec> element, which is required for a command.\n";
-    ExpectRun(Demo({"--plugin-dir", files.path, "demo", "quiet", "--name", "O'Ne;il", "--force",
-                    "--limit", "5", "--path", "a b", "--path", "c"},
-                   {}),
-              1, "",
-              "Error loading plugin " + broken +
-                  " skipping.  Error was: Unable to handle XML Plugin " + broken +
-                  ".  There was an error while parsing: " + why +
-                  "Errors: \nGot no data from process: LANG=en_US.UTF-8 "
-                  "true -n 'ONe;il' -f -l 5  --path \"a b\" --path \"c\"\n");
-}
-
-TEST_F(DescriptorRunTest, TemplatesAreFilledFromTheArguments) {
-    // Only conditional sections disappear when their parameter is not given.
-    ExpectRun(Demo({"demo", "quiet"}, {}), 1, "",
-              "Errors: \nGot no data from process: LANG=en_US.UTF-8 true -n '$val{name}'   "
-              "$multilist{path,--path,true}\n");
-    // Standard input takes the value as it is: no shell reads it.
-    ExpectRun(Demo({"--formatter", "json", "demo", "echo", "--name", "O'Neil $HOME;"}), 0,
-              "\"O'Neil $HOME;\"\n", "");
-}
-
-TEST_F(DescriptorRunTest, WhatTheProgramAnswersDecidesTheErrors) {
-    std::string const noRoot =
-        "Implementation error! The output of this command does not match the declared output "
-        "type, see errors above.\n";
-    std::string const none =
-        "No root object set for output. The command did not provide proper output.\n" + noRoot;
-    std::vector<std::pair<std::string, std::string>> const answers = {
-        {"errors", "disk busy\n retry later\n"},
-        {"malformed", none},
-        {"mismatch", "Type mismatch in structure.  Expecting Int got String\n" + noRoot},
+    struct Row {
+        Words args;
+        int status;
+        std::string out, err;
+    } const rows[] = {
+        {{"--plugin-dir", files.path, "demo", "quiet", "--name", "O'Ne;il", "--force", "--limit",
+          "5", "--path", "a b", "--path", "c"},
+         1,
+         "",
+         "Error loading plugin " + broken + " skipping.  Error was: Unable to handle XML Plugin " +
+             broken +
+             ".  There was an error while parsing: Unable to register the command 'ostrel "
+             "demo.bad'  Error was Unable to find <output-spec> element, which is required for "
+             "a command.\nErrors: \nGot no data from process: LANG=en_US.UTF-8 true -n 'ONe;il' "
+             "-f -l 5  --path \"a b\" --path \"c\"\n"},
+        {{"--plugin", demo, "demo", "mismatch"},
+         1,
+         "",
+         "Errors: \nType mismatch in structure.  Expecting Int got String\nImplementation error! "
+         "The output of this command does not match the declared output type, see errors "
+         "above.\n"},
+        {{"--plugin", demo, "demo", "items"},
+         0,
+         "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
+         "false\n",
+         ""},
     };
-    for (auto const& [command, errors] : answers) {
-        ExpectRun(Demo({"demo", command}), 1, "", "Errors: \n" + errors);
+    for (auto const& row : rows) {
+        SCOPED_TRACE(row.args[3]);
+        CliTest::ExpectRun(CliTest::Ostrel(row.args), row.status, row.out, row.err);
     }
-}
-
-// The descriptor's formatter with its fields and units; the formatters' layouts are their own
-// tests' business.
-TEST_F(DescriptorRunTest, TheDescriptorsFormatterPrintsTheProgramsOutput) {
-    ExpectRun(Demo({"demo", "items"}), 0,
-              "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
-              "false\n",
-              "");
+    if (!savedLang.empty()) {
+        setenv("LANG", savedLang.c_str(), 1);
+    }
 }
 
 }  // namespace
