@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -133,9 +134,10 @@ TEST(PrivateInstall, ToolRunsFromItsPrefixWithItsLibraryAndBundledPlugins) {
     auto const& installed = Installed();
     auto const dynamic = TestSupport::RunProgram(
         TINDRA_READELF, {TINDRA_READELF, "-d", installed.prefix + "/bin/ostrel"});
-    EXPECT_NE(std::string::npos,
-              dynamic.out.find("runpath: [$ORIGIN/../" TINDRA_INSTALL_LIBDIR "]"))
-        << dynamic.out;
+    // One entry of the run path (a sanitizer build adds its runtime's directory before it).
+    std::regex const runPath("runpath: \\[([^\\]]*:)?\\$ORIGIN/\\.\\./" TINDRA_INSTALL_LIBDIR
+                             "(\\]|:)");
+    EXPECT_TRUE(std::regex_search(dynamic.out, runPath)) << dynamic.out;
     // Descriptors call their helpers under the prefix; the compiled example loads from there.
     auto const list =
         installed.Shell(TINDRA_BASH, "ostrel --formatter json storage filesystem list");
