@@ -36,6 +36,11 @@ public:
         if (scanner.EscapePending() && !escaped.empty() && escaped[0] == '\\') {
             escaped.erase(0, 1);
         }
+        // With nothing to escape, the backslash would take the template's next byte (a quote, a
+        // ';'); a line feed after it makes the pair vanish, in and out of double quotes.
+        if (scanner.EscapePending() && escaped.empty()) {
+            escaped = "\n";
+        }
         Append(escaped);
     }
     std::string& Text() { return line; }
