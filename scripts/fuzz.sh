@@ -2,7 +2,7 @@
 # Builds the libFuzzer targets with clang in build/fuzz and runs each for SECONDS (default 60)
 # from its seed corpus, with the shared dictionary. Names given after SECONDS pick targets.
 # New corpus entries stay in build/fuzz/corpus; inputs that broke a target land in
-# build/fuzz/findings and fail the run.
+# build/fuzz/findings and fail the run. FUZZ_SEED=N fixes libFuzzer's seed (0: a new one).
 set -eu
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
@@ -38,6 +38,7 @@ for name in $targets; do
     echo "fuzz: $name for ${seconds}s"
     if build/fuzz/tests/fuzz/fuzz_$name "$corpus" tests/fuzz/corpus/$name \
            -dict=tests/fuzz/tindra.dict -max_total_time="$seconds" -max_len=4096 -timeout=20 \
+           -seed="${FUZZ_SEED:-0}" \
            -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/" >"$log" 2>&1
     then
         grep -E "^stat::number_of_executed_units|^stat::new_units_added" "$log" | tr '\n' ' '
