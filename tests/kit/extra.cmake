@@ -1,5 +1,8 @@
-# The kit tests install the build and compile plug-ins against it as an outside author does.
+# The kit tests install the build, compile plug-ins against it as an outside author does and
+# drive the installed tool and its shell completions.
 find_program(TINDRA_PKG_CONFIG_PROGRAM pkg-config REQUIRED)
+find_program(TINDRA_BASH_PROGRAM bash REQUIRED)
+find_program(TINDRA_ZSH_PROGRAM zsh)  # a test dependency; its test is skipped without it
 find_program(TINDRA_READELF_PROGRAM readelf REQUIRED)
 
 # Installing needs every target of the default build outside the tests built first.
@@ -41,6 +44,8 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_CXX_COMPILER="${CMAKE_CXX_COMPILER}"
   TINDRA_PKG_CONFIG="${TINDRA_PKG_CONFIG_PROGRAM}"
   TINDRA_READELF="${TINDRA_READELF_PROGRAM}"
+  TINDRA_BASH="${TINDRA_BASH_PROGRAM}"
+  TINDRA_ZSH="$<IF:$<BOOL:${TINDRA_ZSH_PROGRAM}>,${TINDRA_ZSH_PROGRAM},>"
   TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
   TINDRA_LIBXML2_LIBRARY="${LIBXML2_LIBRARY}"
   TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
