@@ -43,53 +43,40 @@ std::string const& KindsDescriptor() {
     return path;
 }
 
-// Lines completed in one bash: the words bash would hand over (split at blanks and at "=",
-// a word break), then the sorted candidates, on one line per completed line.
-std::string BashCandidates(Installation const& installed, Words const& lines) {
+// Lines completed in one shell, the sorted candidates of each on one line. Bash is handed the
+// words it would split (at blanks and at "=", a word break); the zsh function is driven with
+// compadd and _files standing in for the completion system.
+std::string Candidates(Installation const& installed, std::string const& shell,
+                       Words const& lines) {
     std::string script =
-        "[ -f /usr/share/bash-completion/bash_completion ] && "
-        ". /usr/share/bash-completion/bash_completion\n"
-        ". '" +
-        installed.prefix +
-        "/share/bash-completion/completions/ostrel'\n"
-        "cd '" +
-        installed.work.path +
-        "'\n"
-        "complete_line() {\n"
-        "  COMP_LINE=$1; COMP_POINT=${#1}\n"
-        "  local spaced=${1//=/ = }; read -ra COMP_WORDS <<<\"$spaced\"\n"
-        "  [[ $1 == *[\\ =] ]] && COMP_WORDS+=('')\n"
-        "  COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); COMPREPLY=()\n"
-        "  _ostrel\n"
-        "  printf '%s\\n' \"${COMPREPLY[@]}\" | sort | paste -sd ' '\n"
-        "}\n";
+        shell == TINDRA_BASH
+            ? "[ -f /usr/share/bash-completion/bash_completion ] && "
+              ". /usr/share/bash-completion/bash_completion\n"
+              ". '" +
+                  installed.prefix +
+                  "/share/bash-completion/completions/ostrel'\n"
+                  "complete_line() {\n"
+                  "  COMP_LINE=$1; COMP_POINT=${#1}\n"
+                  "  local spaced=${1//=/ = }; read -ra COMP_WORDS <<<\"$spaced\"\n"
+                  "  [[ $1 == *[\\ =] ]] && COMP_WORDS+=('')\n"
+                  "  COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); COMPREPLY=()\n"
+                  "  _ostrel\n"
+                  "  printf '%s\\n' \"${COMPREPLY[@]}\" | sort | paste -sd ' '\n"
+                  "}\n"
+            : "fpath=('" + installed.prefix +
+                  "/share/zsh/vendor-completions' $fpath)\n"
+                  "autoload -Uz _ostrel\n"
+                  "compadd() { [[ $1 == -- ]] && shift; print -rl -- \"$@\" }\n"
+                  "_files() { print -r -- \"(files $*)\" }\n"
+                  "complete_line() {\n"
+                  "  local -a words; local CURRENT\n"
+                  "  words=(${(z)1}); [[ $1 == *' ' ]] && words+=('')\n"
+                  "  CURRENT=$#words\n"
+                  "  _ostrel | sort | paste -sd ' '\n"
+                  "}\n";
     for (auto const& line : lines)
         script += "complete_line '" + line + "'\n";
-    auto const run = installed.Shell(TINDRA_BASH, script);
-    EXPECT_EQ("", run.err);
-    EXPECT_EQ(0, run.status);
-    return run.out;
-}
-
-// The zsh function is driven with compadd and _files standing in for the completion system.
-std::string ZshCandidates(Installation const& installed, Words const& lines) {
-    std::string script = "fpath=('" + installed.prefix +
-                         "/share/zsh/vendor-completions' $fpath)\n"
-                         "autoload -Uz _ostrel\n"
-                         "cd '" +
-                         installed.work.path +
-                         "'\n"
-                         "compadd() { [[ $1 == -- ]] && shift; print -rl -- \"$@\" }\n"
-                         "_files() { print -r -- \"(files $*)\" }\n"
-                         "complete_line() {\n"
-                         "  local -a words; local CURRENT\n"
-                         "  words=(${(z)1}); [[ $1 == *' ' ]] && words+=('')\n"
-                         "  CURRENT=$#words\n"
-                         "  _ostrel | sort | paste -sd ' '\n"
-                         "}\n";
-    for (auto const& line : lines)
-        script += "complete_line '" + line + "'\n";
-    auto const run = installed.Shell(TINDRA_ZSH, script);
+    auto const run = installed.Shell(shell, script);
     EXPECT_EQ("", run.err);
     EXPECT_EQ(0, run.status);
     return run.out;
@@ -102,14 +89,10 @@ std::string JoinLines(Words const& lines) {
     return text;
 }
 
-// The compiled example loading from the prefix is checked with the author builds.
-TEST(PrivateInstall, ToolRunsFromItsPrefixWithItsLibraryAndBundledHelpers) {
+// Descriptors call their helpers under the prefix. The run path and the compiled example
+// loading from the prefix are checked with the kit.
+TEST(PrivateInstall, ToolRunsFromItsPrefixWithItsBundledHelpers) {
     auto const& installed = Installed();
-    auto const dynamic = TestSupport::RunProgram(
-        TINDRA_READELF, {TINDRA_READELF, "-d", installed.prefix + "/bin/ostrel"});
-    EXPECT_NE(std::string::npos,
-              dynamic.out.find("runpath: [$ORIGIN/../" TINDRA_INSTALL_LIBDIR "]"))
-        << dynamic.out;
     auto const list =
         installed.Shell(TINDRA_BASH, "ostrel --formatter json storage filesystem list");
     EXPECT_EQ(0, list.status) << list.err;
@@ -131,8 +114,8 @@ TEST(Completion, BashOffersTreeOptionsValuesAndFiles) {
                    "a.so kinds.xml plugdir prefix", "plugdir prefix", "false true", "1 2",
                    "--help --level --tag --verbose -h -l -v",
                    "--help --level --quiet --tag -h -l -q", ""}),
-        BashCandidates(
-            installed,
+        Candidates(
+            installed, TINDRA_BASH,
             {"ostrel ", "ostrel s", "ostrel nosuch ", "ostrel storage filesystem list -",
              "ostrel storage filesystem list --all -", "ostrel storage filesystem list -t ext4 -",
              "ostrel system resource get --units ", "ostrel system resource get --units=K",
@@ -150,13 +133,14 @@ TEST(Completion, ZshOffersTheSameFromTheSameTree) {
         JoinLines({"hardware network ostrel storage system", "storage system",
                    "--help --type -h -t", "B GiB KiB MiB", "--units=KiB",
                    "commandhelp json python simple table xml", "(files )", "(files -/)"}),
-        ZshCandidates(installed, {"ostrel ", "ostrel s", "ostrel storage filesystem list --all -",
-                                  "ostrel system resource get --units ",
-                                  "ostrel system resource get --units=K", "ostrel --formatter ",
-                                  "ostrel --input ", "ostrel --plugin-dir "}));
+        Candidates(installed, TINDRA_ZSH,
+                   {"ostrel ", "ostrel s", "ostrel storage filesystem list --all -",
+                    "ostrel system resource get --units ", "ostrel system resource get --units=K",
+                    "ostrel --formatter ", "ostrel --input ", "ostrel --plugin-dir "}));
 }
 
-// Broken plug-ins in the installed directory cost their own commands and nothing is printed.
+// Broken plug-ins in the installed directory cost their own commands and nothing is printed;
+// the tool itself reports them, as its own tests pin.
 TEST(Completion, BrokenPluginsLeaveTheRestAndSayNothing) {
     Installation const installed;
     installed.work.Write("prefix/" TINDRA_PLUGIN_DIR "/broken.xml", "<plugin><version>");
@@ -164,12 +148,8 @@ TEST(Completion, BrokenPluginsLeaveTheRestAndSayNothing) {
     std::string const helper = installed.prefix + "/libexec/ostrel/ostrel-complete";
     auto const direct = installed.Shell(TINDRA_BASH, "'" + helper + "' ostrel storage ''");
     TestSupport::ExpectRun(direct, 0, "words\ndisk\nfilesystem\n", "");
-    EXPECT_EQ("hardware network ostrel storage system\n", BashCandidates(installed, {"ostrel "}));
-    // The tool itself still reports them, as it always did.
-    auto const tool = installed.Shell(TINDRA_BASH, "ostrel storage disk list >/dev/null");
-    EXPECT_NE(std::string::npos,
-              tool.err.find("Error loading plugin " + installed.pluginDir + "/broken.so skipping."))
-        << tool.err;
+    EXPECT_EQ("hardware network ostrel storage system\n",
+              Candidates(installed, TINDRA_BASH, {"ostrel "}));
     TestSupport::ExpectRun(installed.Shell(TINDRA_BASH, "'" + helper + "' ostrel"), 2, "",
                            "Usage: " + helper + " PROGRAM [WORD...] CURRENT\n");
 }

@@ -22,13 +22,14 @@ struct PrivateInstall {
         if (run.status != 0)
             throw std::runtime_error("cmake --install failed:\n" + run.out + run.err);
     }
-    // The installed tool found on PATH with nothing of the test's in its environment; the
-    // shell sets it, as given twice an inherited entry may win.
+    // The installed tool found on PATH, run from the scratch directory with nothing of the
+    // test's in its environment; the shell sets it, as given twice an inherited entry may win.
     ChildResult Shell(std::string const& shell, std::string const& script) const {
-        return RunProgram(shell,
-                          {shell, "-c",
-                           "export PATH='" + prefix + "/bin:/usr/bin:/bin' HOME='" + work.path +
-                               "'; unset OSTREL_SKIP_DEFAULT_PLUGINS LD_LIBRARY_PATH\n" + script});
+        return RunProgram(
+            shell,
+            {shell, "-c",
+             "export PATH='" + prefix + "/bin:/usr/bin:/bin' HOME='" + work.path +
+                 "'; unset OSTREL_SKIP_DEFAULT_PLUGINS LD_LIBRARY_PATH; cd \"$HOME\"\n" + script});
     }
 };
 
