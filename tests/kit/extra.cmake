@@ -27,16 +27,7 @@ endfunction()
 tindra_kit_default_targets(${PROJECT_SOURCE_DIR} installed)
 add_dependencies(${target} ${installed})
 target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
-set(programSanitize "")
-if(TINDRA_SANITIZE)
-  set(programSanitize "-fsanitize=address,undefined")
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # The library takes clang's shared sanitizer runtime, so the program must take it too.
-    string(APPEND programSanitize " -shared-libsan -Wl,-rpath,${TINDRA_SANITIZER_RUNTIME_DIR}")
-  endif()
-endif()
 target_compile_definitions(${target} PRIVATE
-  TINDRA_PROGRAM_SANITIZE="${programSanitize}"
   TINDRA_BUILD_DIR="${PROJECT_BINARY_DIR}"
   TINDRA_CMAKE_COMMAND="${CMAKE_COMMAND}"
   TINDRA_CMAKE_GENERATOR="${CMAKE_GENERATOR}"
@@ -47,7 +38,6 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_BASH="${TINDRA_BASH_PROGRAM}"
   TINDRA_ZSH="$<IF:$<BOOL:${TINDRA_ZSH_PROGRAM}>,${TINDRA_ZSH_PROGRAM},>"
   TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
-  TINDRA_LIBXML2_LIBRARY="${LIBXML2_LIBRARY}"
   TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
   TINDRA_INSTALL_LIBDIR="${CMAKE_INSTALL_LIBDIR}"
   TINDRA_INSTALL_BINDIR="${CMAKE_INSTALL_BINDIR}"
