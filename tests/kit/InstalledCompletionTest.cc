@@ -125,18 +125,16 @@ TEST(Completion, BashOffersTreeOptionsValuesAndFiles) {
              "ostrel ostrel command list -n "}));
 }
 
+// The candidates are the helper's, pinned in bash; here only what the zsh function adds.
 TEST(Completion, ZshOffersTheSameFromTheSameTree) {
     if (std::string(TINDRA_ZSH).empty())
         GTEST_SKIP() << "zsh is not installed";
-    auto const& installed = Installed();
-    EXPECT_EQ(
-        JoinLines({"hardware network ostrel storage system", "storage system",
-                   "--help --type -h -t", "B GiB KiB MiB", "--units=KiB",
-                   "commandhelp json python simple table xml", "(files )", "(files -/)"}),
-        Candidates(installed, TINDRA_ZSH,
-                   {"ostrel ", "ostrel s", "ostrel storage filesystem list --all -",
-                    "ostrel system resource get --units ", "ostrel system resource get --units=K",
-                    "ostrel --formatter ", "ostrel --input ", "ostrel --plugin-dir "}));
+    EXPECT_EQ(JoinLines({"hardware network ostrel storage system", "B GiB KiB MiB", "--units=KiB",
+                         "(files )", "(files -/)"}),
+              Candidates(Installed(), TINDRA_ZSH,
+                         {"ostrel ", "ostrel system resource get --units ",
+                          "ostrel system resource get --units=K", "ostrel --input ",
+                          "ostrel --plugin-dir "}));
 }
 
 // Broken plug-ins in the installed directory cost their own commands and nothing is printed;
