@@ -12,20 +12,20 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
-#include "support/ChildProcess.h"
-#include "support/tree/TempDirectory.h"
+#include "support/PrivateInstall.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using TestSupport::ExpectRun;
+using TestSupport::Installed;
 using Words = std::vector<std::string>;
 
 Tindra::Testing::TempDirectory const& Work() {
-    static Tindra::Testing::TempDirectory const directory;
-    return directory;
+    return Installed().work;
 }
 
 // Runs argv[0] with NAME=value entries replacing inherited ones for good: given twice, some
@@ -47,24 +47,23 @@ std::string RunTool(Words const& argv, Words const& environment = {}) {
     return run.out;
 }
 
-// The build staged under a DESTDIR like a package; the prefix is not the configured one, as
-// the kit must work anywhere.
+// The private installation copied elsewhere, as a staged package is: the kit must work
+// wherever it lies.
 struct InstalledKit {
     std::string prefix, includeDir, libDir, binDir, cmakeDir, pkgConfigDir, pluginDir;
 };
 InstalledKit const& Kit() {
     static InstalledKit const kit = [] {
-        std::string const stage = Work().path + "/stage", prefix = "/opt/tindra-kit";
-        RunTool({TINDRA_CMAKE_COMMAND, "--install", TINDRA_BUILD_DIR, "--prefix", prefix},
-                {"DESTDIR=" + stage});
-        std::string const lib = stage + prefix + "/" TINDRA_INSTALL_LIBDIR;
-        return InstalledKit{stage + prefix,
-                            stage + prefix + "/" TINDRA_INSTALL_INCLUDEDIR,
+        std::string const prefix = Work().path + "/moved", lib = prefix + "/" TINDRA_INSTALL_LIBDIR;
+        fs::copy(Installed().prefix, prefix,
+                 fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+        return InstalledKit{prefix,
+                            prefix + "/" TINDRA_INSTALL_INCLUDEDIR,
                             lib,
-                            stage + prefix + "/" TINDRA_INSTALL_BINDIR,
+                            prefix + "/" TINDRA_INSTALL_BINDIR,
                             lib + "/cmake/Tindra",
                             lib + "/pkgconfig",
-                            stage + prefix + "/" TINDRA_PLUGIN_DIR};
+                            prefix + "/" TINDRA_PLUGIN_DIR};
     }();
     return kit;
 }
@@ -74,7 +73,7 @@ std::string PkgConfig(std::string const& query) {
                    {"PKG_CONFIG_LIBDIR=" + Kit().pkgConfigDir, "PKG_CONFIG_PATH="});
 }
 
-// Installed programs find their library through their run path, wherever the kit lies.
+// Without the library path: the installed tool's run path must do.
 TestSupport::ChildResult RunInstalledOstrel(Words args) {
     args.insert(args.begin(), Kit().binDir + "/ostrel");
     unsetenv("LD_LIBRARY_PATH");
@@ -82,13 +81,9 @@ TestSupport::ChildResult RunInstalledOstrel(Words args) {
 }
 
 // The example plug-in's figures that stay put between runs.
-TestSupport::ChildResult SteadyResourceReport(Words loading) {
-    loading.insert(loading.end(), {"--format-param",
-                                   "fields:SystemResources=Memory Unit,Total Memory,Total "
-                                   "Swap,Limits",
-                                   "system", "resource", "get", "--limits", "--units", "KiB"});
-    return RunInstalledOstrel(loading);
-}
+std::string const kSteadyReport =
+    "--format-param 'fields:SystemResources=Memory Unit,Total Memory,Total Swap,Limits' "
+    "system resource get --limits --units KiB";
 
 Words SplitWords(std::string const& text) {
     std::istringstream stream(text);
@@ -102,15 +97,6 @@ std::string ReadFile(std::string const& path) {
     std::ostringstream text;
     text << std::ifstream(path, std::ios::binary).rdbuf();
     return text.str();
-}
-
-std::string DirectoryWith(std::string const& name, Words const& files) {
-    std::string const directory = Work().path + "/" + name;
-    fs::create_directories(directory);
-    for (auto const& file : files)
-        fs::copy_file(file, directory + "/" + fs::path(file).filename().string(),
-                      fs::copy_options::overwrite_existing);
-    return directory;
 }
 
 std::string LoaderComplaint(std::string const& path) {
@@ -136,8 +122,14 @@ TEST(InstalledKit, LibraryAndPackageFilesPointIntoTheKitAndNameNoPrivateDependen
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(kit.libDir + "/" + real)));
     EXPECT_EQ(real, fs::read_symlink(kit.libDir + "/" + soname).string());
     EXPECT_EQ(soname, fs::read_symlink(kit.libDir + "/libtindra.so").string());
-    std::string const dynamic = RunTool({TINDRA_READELF, "-d", kit.libDir + "/" + real});
-    EXPECT_NE(std::string::npos, dynamic.find("Library soname: [" + soname + "]")) << dynamic;
+    // Installed programs find the library through their run path, wherever the kit lies.
+    for (auto const& [file, entry] :
+         {std::pair{kit.libDir + "/" + real, "Library soname: [" + soname + "]"},
+          // Last entry: a sanitizer build puts its runtime's directory first.
+          {kit.binDir + "/ostrel", std::string("$ORIGIN/../" TINDRA_INSTALL_LIBDIR "]")}}) {
+        std::string const dynamic = RunTool({TINDRA_READELF, "-d", file});
+        EXPECT_NE(std::string::npos, dynamic.find(entry)) << dynamic;
+    }
 
     auto variable = [](std::string const& name) {
         return SplitWords(PkgConfig("--variable=" + name) + " -").front();
@@ -145,15 +137,7 @@ TEST(InstalledKit, LibraryAndPackageFilesPointIntoTheKitAndNameNoPrivateDependen
     EXPECT_EQ(fs::canonical(kit.includeDir), fs::canonical(variable("includedir")));
     EXPECT_EQ(fs::canonical(kit.libDir), fs::canonical(variable("libdir")));
     EXPECT_EQ(fs::canonical(kit.pluginDir), fs::canonical(variable("plugindir")));
-    std::string const script = "-Wl,--version-script=";
-    int scripts = 0;
-    for (auto const& flag : SplitWords(PkgConfig("--variable=plugin_ldflags"))) {
-        if (flag.rfind(script, 0) == 0) {
-            ++scripts;
-            EXPECT_TRUE(fs::is_regular_file(flag.substr(script.size()))) << flag;
-        }
-    }
-    EXPECT_EQ(1, scripts);
+    // The plug-in link flags name the libdir checked here; the pkg-config build uses them.
 
     // Boost and libxml2 are private; the export may list them only as dependent libraries of
     // the shared object, a link-time search hint that needs no package.
@@ -178,14 +162,15 @@ TEST(InstalledKit, PublicHeadersAreCompleteSelfContainedAndReachForNothingPrivat
     auto const headers = HeadersUnder(root);
     EXPECT_EQ(HeadersUnder(std::string(TINDRA_SOURCE_DIR) + "/include"), headers);
     std::string const umbrellaText = ReadFile(root + "/" + umbrella);
-    Words compile = {TINDRA_CXX_COMPILER,
-                     "-std=c++17",
-                     "-fsyntax-only",
-                     "-Wall",
-                     "-Wextra",
-                     "-Werror",
-                     "-I",
-                     root};
+    Words const flags = {TINDRA_CXX_COMPILER,
+                         "-std=c++17",
+                         "-fsyntax-only",
+                         "-Wall",
+                         "-Wextra",
+                         "-Werror",
+                         "-I",
+                         root};
+    Words compile = flags;
     for (auto const& header : headers) {
         std::string const quoted = "\"" + header + "\"", text = ReadFile(root + "/" + header);
         EXPECT_TRUE(header == umbrella || umbrellaText.find(quoted) != std::string::npos)
@@ -203,17 +188,24 @@ TEST(InstalledKit, PublicHeadersAreCompleteSelfContainedAndReachForNothingPrivat
                                        "#include " + quoted + "\n#include " + quoted + "\n"));
     }
     RunTool(compile);
+    // Beside libxml2's own headers, in either order, the readers take its node type.
+    std::string const call =
+        "using namespace Tindra::AutoCli;\nvoid Read(xmlNode* node) { "
+        "XmlUtil_GetContent(node); ExtractInputSpec(node); }\n";
+    compile = flags;
+    for (auto const& [name, first, second] :
+         {std::tuple{"xml-first.cc", "libxml/tree.h", "tindra/tindra.h"},
+          {"xml-last.cc", "tindra/tindra.h", "libxml/tree.h"}})
+        compile.push_back(Work().Write(
+            name, std::string("#include <") + first + ">\n#include <" + second + ">\n" + call));
+    compile.push_back("-I" TINDRA_LIBXML2_INCLUDE);
+    RunTool(compile);
 }
 
-// Plug-ins built from their own directories against the installed kit, with CMake and with
-// pkg-config, run by the installed tool. One test per way of building, as builds are slow.
+// Plug-ins built from their own directories against the installed kit and run by the
+// installed tool, with CMake and with pkg-config. One test per way of building, as builds are
+// slow.
 std::string const kAuthorSources = std::string(TINDRA_SOURCE_DIR) + "/tests/kit/authors";
-std::string const kExampleSources = std::string(TINDRA_SOURCE_DIR) + "/examples/resource";
-
-// hello and goodday are one source with other words, so they define the same classes.
-struct AuthorPlugins {
-    std::string hello, goodday, resource;
-};
 
 // Configured with nothing but the kit's prefix; the library's own dependencies are its
 // business, so the kit must not need them.
@@ -228,100 +220,64 @@ std::string BuildCMakeProject(std::string const& source, std::string const& name
     return build;
 }
 
-// One compiler call per plug-in, every flag from pkg-config.
-std::string LinkWithPkgConfig(Words const& sources, Words const& definitions,
-                              std::string const& output) {
-    Words command = {TINDRA_CXX_COMPILER, "-fPIC"};
-    for (auto const& part :
-         {SplitWords(PkgConfig("--cflags")), definitions, sources, Words{"-o", output},
-          SplitWords(PkgConfig("--libs")), SplitWords(PkgConfig("--variable=plugin_ldflags"))})
-        command.insert(command.end(), part.begin(), part.end());
-    RunTool(command);
-    return output;
-}
-
-// Plug-ins share one global symbol scope: the one loaded second must still run its own code.
-// The example plug-in rebuilt by an author reports as the installed one does.
-void ExpectSameClassesApartAndExampleAsInstalled(AuthorPlugins const& built) {
-    ExpectRun(RunInstalledOstrel(
-                  {"--plugin", built.hello, "--plugin", built.goodday, "goodday", "greet"}),
-              0, "Good day, world\n", "");
-    ExpectRun(
-        RunInstalledOstrel({"--plugin", built.goodday, "--plugin", built.hello, "hello", "greet"}),
-        0, "Hello, world\n", "");
-    // The installed directory also holds the bundled descriptors: all of them load beside it.
-    auto const installed = SteadyResourceReport({"--plugin-dir", Kit().pluginDir});
-    ASSERT_EQ(0, installed.status) << installed.err;
-    EXPECT_EQ("", installed.err);
-    ExpectRun(SteadyResourceReport({"--plugin", built.resource}), 0, installed.out, "");
-}
-
+// hello and goodday are one source with other words, so they define the same classes.
 TEST(AuthorBuild, CMakeBuiltPluginsRunAndBrokenOnesCostOnlyTheirOwnCommands) {
     std::string const authors = BuildCMakeProject(kAuthorSources, "authors");
     std::string const cache = ReadFile(authors + "/CMakeCache.txt");  // Tindra_DIR:PATH=...
     auto const found = cache.find('=', cache.find("\nTindra_DIR:"));
     EXPECT_EQ(fs::canonical(Kit().cmakeDir),
               fs::canonical(cache.substr(found + 1, cache.find('\n', found) - found - 1)));
-    AuthorPlugins built = {authors + "/hello.so", authors + "/goodday.so",
-                           BuildCMakeProject(kExampleSources, "resource") + "/resource.so"};
-    ExpectRun(RunInstalledOstrel({"--plugin", built.hello, "hello", "greet", "--name", "Ada"}), 0,
+    std::string const hello = authors + "/hello.so", goodday = authors + "/goodday.so";
+    ExpectRun(RunInstalledOstrel({"--plugin", hello, "hello", "greet", "--name", "Ada"}), 0,
               "Hello, Ada\n", "");
-    ExpectSameClassesApartAndExampleAsInstalled(built);
+    // Plug-ins share one global symbol scope: the one loaded second must still run its own code.
+    ExpectRun(RunInstalledOstrel({"--plugin", hello, "--plugin", goodday, "goodday", "greet"}), 0,
+              "Good day, world\n", "");
+    ExpectRun(RunInstalledOstrel({"--plugin", goodday, "--plugin", hello, "hello", "greet"}), 0,
+              "Hello, world\n", "");
 
-    // The three loader failures, each reported in turn. The refusing plug-in placed its
-    // command before it threw, so its library must stay loaded while the tree holds it.
+    // The example rebuilt by an author reports as the installed one, which loads from the
+    // prefix's plug-in directory beside all the bundled descriptors.
+    auto const installed = Installed().Shell(TINDRA_BASH, "ostrel " + kSteadyReport);
+    ASSERT_EQ(0, installed.status) << installed.err;
+    EXPECT_EQ("", installed.err);
+    std::string const resource =
+        BuildCMakeProject(std::string(TINDRA_SOURCE_DIR) + "/examples/resource", "resource") +
+        "/resource.so";
+    ExpectRun(
+        Installed().Shell(TINDRA_BASH, "OSTREL_SKIP_DEFAULT_PLUGINS=1 '" + Kit().binDir +
+                                           "/ostrel' --plugin '" + resource + "' " + kSteadyReport),
+        0, installed.out, "");
+
+    // The loader failures not met by the tool's own tests, each reported in turn. The refusing
+    // plug-in placed its command before it threw, so its library must stay loaded while the
+    // tree holds it.
     std::string const refusing = authors + "/refusing.so", noEntry = authors + "/noentry.so";
-    std::string const text = Work().Write("notalib.so", "Named like a plug-in, but only text.\n");
     std::string const unable = "Unable to load plugin ";
-    ExpectRun(RunInstalledOstrel({"--plugin", text, "--plugin", noEntry, "--plugin", refusing,
-                                  "refusing", "greet"}),
+    ExpectRun(RunInstalledOstrel({"--plugin", noEntry, "--plugin", refusing, "refusing", "greet"}),
               0, "Placed, world\n",
-              unable + text + ": " + unable + "from " + text + " : " + LoaderComplaint(text) +
-                  "\n" + unable + noEntry + ": Unable to get plugin registration point from " +
-                  noEntry + " : " + LoaderComplaint(noEntry) + "\n" + unable + refusing +
+              unable + noEntry + ": Unable to get plugin registration point from " + noEntry +
+                  " : " + LoaderComplaint(noEntry) + "\n" + unable + refusing +
                   ": Error while trying to register the plugin " + refusing +
                   " This plug-in refuses to register. The functionality in " + refusing +
                   " will not be available until this issue is resolved.\n");
 }
 
-TEST(AuthorBuild, PkgConfigBuiltPluginsRunByFileAndByDirectory) {
-    std::string const build = Work().path + "/pkg-config";
-    fs::create_directories(build);
-    auto greeting = [&](std::string const& name, std::string const& word) {
-        return LinkWithPkgConfig(
-            {kAuthorSources + "/Greeting.cpp"},
-            {"-DGREETING_NAMESPACE=\"" + name + "\"", "-DGREETING_WORD=\"" + word + "\""},
-            build + "/" + name + ".so");
-    };
-    Words example;
-    for (auto const& entry : fs::directory_iterator(kExampleSources))
-        if (entry.path().extension() == ".cc")
-            example.push_back(entry.path());
-    AuthorPlugins built = {greeting("hello", "Hello"), greeting("goodday", "Good day"),
-                           LinkWithPkgConfig(example, {}, build + "/resource.so")};
-    ExpectRun(RunInstalledOstrel({"--plugin", built.goodday, "goodday", "greet", "-n", "Bo"}), 0,
-              "Good day, Bo\n", "");
-    std::string const directory = DirectoryWith("pkg-config-plugins", {built.hello});
-    ExpectRun(RunInstalledOstrel({"--plugin-dir", directory, "hello", "greet"}), 0,
-              "Hello, world\n", "");
-    ExpectSameClassesApartAndExampleAsInstalled(built);
-}
-
-// A program, not a plug-in, that reads XML with the library's readers: it brings libxml2 itself
-// (the system's), while the plug-ins above build without libxml2's include path at all. A
-// program, unlike a plug-in, must bring the sanitizer runtime of a sanitized library itself.
-TEST(AuthorBuild, XmlReadersWorkThroughTheInstalledHeaders) {
-    std::string const program = Work().path + "/xml-readers";
-    Words command = {TINDRA_CXX_COMPILER, "-Wall", "-Wextra", "-Werror",
-                     "-I" TINDRA_LIBXML2_INCLUDE};
+// Every flag from pkg-config, without libxml2's include path: a plug-in loaded from its own
+// directory.
+TEST(AuthorBuild, PkgConfigBuiltPluginRunsFromItsDirectory) {
+    std::string const directory = Work().path + "/pkg-config";
+    fs::create_directories(directory);
+    Words command = {TINDRA_CXX_COMPILER, "-fPIC", "-DGREETING_NAMESPACE=\"hello\"",
+                     "-DGREETING_WORD=\"Hello\""};
     for (auto const& part :
-         {SplitWords(PkgConfig("--cflags")), SplitWords(TINDRA_PROGRAM_SANITIZE),
-          Words{kAuthorSources + "/XmlReaders.cpp", kAuthorSources + "/ParsedDocument.cpp", "-o",
-                program, TINDRA_LIBXML2_LIBRARY},
-          SplitWords(PkgConfig("--libs"))})
+         {SplitWords(PkgConfig("--cflags")),
+          Words{kAuthorSources + "/Greeting.cpp", "-o", directory + "/hello.so"},
+          SplitWords(PkgConfig("--libs")), SplitWords(PkgConfig("--variable=plugin_ldflags"))})
         command.insert(command.end(), part.begin(), part.end());
     RunTool(command);
-    ExpectRun(RunWith({program}, {"LD_LIBRARY_PATH=" + Kit().libDir}), 0, "", "");
+    ExpectRun(RunInstalledOstrel({"--plugin-dir", directory, "hello", "greet", "-n", "Bo"}), 0,
+              "Hello, Bo\n", "");
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
-# The kit tests install the build and compile plug-ins against it as an outside author does.
+# The kit tests install the build, compile plug-ins against it as an outside author does and
+# drive the installed tool and its shell completions.
 find_program(TINDRA_PKG_CONFIG_PROGRAM pkg-config REQUIRED)
+find_program(TINDRA_BASH_PROGRAM bash REQUIRED)
+find_program(TINDRA_ZSH_PROGRAM zsh)  # a test dependency; its test is skipped without it
 find_program(TINDRA_READELF_PROGRAM readelf REQUIRED)
 
 # Installing needs every target of the default build outside the tests built first.
@@ -24,16 +27,7 @@ endfunction()
 tindra_kit_default_targets(${PROJECT_SOURCE_DIR} installed)
 add_dependencies(${target} ${installed})
 target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
-set(programSanitize "")
-if(TINDRA_SANITIZE)
-  set(programSanitize "-fsanitize=address,undefined")
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # The library takes clang's shared sanitizer runtime, so the program must take it too.
-    string(APPEND programSanitize " -shared-libsan -Wl,-rpath,${TINDRA_SANITIZER_RUNTIME_DIR}")
-  endif()
-endif()
 target_compile_definitions(${target} PRIVATE
-  TINDRA_PROGRAM_SANITIZE="${programSanitize}"
   TINDRA_BUILD_DIR="${PROJECT_BINARY_DIR}"
   TINDRA_CMAKE_COMMAND="${CMAKE_COMMAND}"
   TINDRA_CMAKE_GENERATOR="${CMAKE_GENERATOR}"
@@ -41,8 +35,9 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_CXX_COMPILER="${CMAKE_CXX_COMPILER}"
   TINDRA_PKG_CONFIG="${TINDRA_PKG_CONFIG_PROGRAM}"
   TINDRA_READELF="${TINDRA_READELF_PROGRAM}"
+  TINDRA_BASH="${TINDRA_BASH_PROGRAM}"
+  TINDRA_ZSH="$<IF:$<BOOL:${TINDRA_ZSH_PROGRAM}>,${TINDRA_ZSH_PROGRAM},>"
   TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
-  TINDRA_LIBXML2_LIBRARY="${LIBXML2_LIBRARY}"
   TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
   TINDRA_INSTALL_LIBDIR="${CMAKE_INSTALL_LIBDIR}"
   TINDRA_INSTALL_BINDIR="${CMAKE_INSTALL_BINDIR}"

@@ -1,0 +1,44 @@
+#ifndef TINDRA_TESTS_SUPPORT_PRIVATEINSTALL_H
+#define TINDRA_TESTS_SUPPORT_PRIVATEINSTALL_H
+
+// The build installed under a private prefix, as a user without root does. Descriptors name
+// their helpers by the prefix given at install time, so it is a real one, not a DESTDIR stage.
+#include <stdexcept>
+#include <string>
+
+#include "support/ChildProcess.h"
+#include "support/tree/TempDirectory.h"
+
+namespace TestSupport {
+
+struct PrivateInstall {
+    Tindra::Testing::TempDirectory work;
+    std::string prefix = work.path + "/prefix";
+    std::string pluginDir = prefix + "/" TINDRA_PLUGIN_DIR;
+
+    PrivateInstall() {
+        auto const run = RunProgram(TINDRA_CMAKE_COMMAND, {TINDRA_CMAKE_COMMAND, "--install",
+                                                           TINDRA_BUILD_DIR, "--prefix", prefix});
+        if (run.status != 0)
+            throw std::runtime_error("cmake --install failed:\n" + run.out + run.err);
+    }
+    // The installed tool found on PATH, run from the scratch directory with nothing of the
+    // test's in its environment; the shell sets it, as given twice an inherited entry may win.
+    ChildResult Shell(std::string const& shell, std::string const& script) const {
+        return RunProgram(
+            shell,
+            {shell, "-c",
+             "export PATH='" + prefix + "/bin:/usr/bin:/bin' HOME='" + work.path +
+                 "'; unset OSTREL_SKIP_DEFAULT_PLUGINS LD_LIBRARY_PATH; cd \"$HOME\"\n" + script});
+    }
+};
+
+// One per test program, made on first use; a test that spoils one makes its own.
+inline PrivateInstall const& Installed() {
+    static PrivateInstall const installation;
+    return installation;
+}
+
+}  // namespace TestSupport
+
+#endif
