@@ -43,6 +43,7 @@ TEST(TemplateTest, ValuesAreEscapedByPlace) {
     // An empty value leaves the backslash nothing: it must not take the quote or ';' after it.
     EXPECT_EQ("e \\\n'a;b' \"\\\n\";x",
               Filler(Kind::ParamString, {{"xx", ""}})("e \\$val{xx}'a;b' \"\\$val{xx}\";x"));
+    EXPECT_EQ("$(e \\\n')';x", Filler(Kind::ParamString, {{"xx", ""}})("$(e \\$val{xx}')';x"));
     EXPECT_EQ("p a \\#\\\n#\t\\#", Filler(Kind::ParamString, {{"xx", "a #\n#\t#"}})("p $val{xx}"));
     // Where the quoting is not followed, the value loses every shell character.
     EXPECT_EQ("$(echo 'its ab') its ab", fill("$(echo '$val{xx}') $val{xx}"));

@@ -33,7 +33,10 @@ bool EscapableInDoubleQuotes(char c) {
 
 void TemplateQuoteScanner::Feed(char c) {
     if (lost) {
-        dollar = c == '$';  // still known: a value after it gets name characters only
+        // Still known without the quoting: a value after a '$' gets name characters only, and
+        // an empty value after a backslash must not leave it the template's next byte.
+        dollar = c == '$';
+        escaped = !escaped && c == '\\';
         return;
     }
     switch (mode) {
