@@ -41,9 +41,10 @@ TEST(TemplateTest, ValuesAreEscapedByPlace) {
     EXPECT_EQ("\\'s a\\;b \"\\'s a\\;b\\#\"",
               Filler(Kind::ParamString, {{"xx", "'s a;b"}})("\\$val{xx} \"\\$val{xx}\\#\""));
     // An empty value leaves the backslash nothing: it must not take the quote or ';' after it.
-    EXPECT_EQ("e \\\n'a;b' \"\\\n\";x",
+    EXPECT_EQ("e 'a;b' \"\";x",
               Filler(Kind::ParamString, {{"xx", ""}})("e \\$val{xx}'a;b' \"\\$val{xx}\";x"));
-    EXPECT_EQ("$(e \\\n')';x", Filler(Kind::ParamString, {{"xx", ""}})("$(e \\$val{xx}')';x"));
+    EXPECT_EQ("$(e ')';x # \\$qb",
+              Filler(Kind::ParamString, {{"xx", ""}})("$(e \\$val{xx}')';x # \\$val{xx}\\$qb"));
     EXPECT_EQ("p a \\#\\\n#\t\\#", Filler(Kind::ParamString, {{"xx", "a #\n#\t#"}})("p $val{xx}"));
     // Where the quoting is not followed, the value loses every shell character.
     EXPECT_EQ("$(echo 'its ab') its ab", fill("$(echo '$val{xx}') $val{xx}"));

@@ -34,7 +34,7 @@ bool EscapableInDoubleQuotes(char c) {
 void TemplateQuoteScanner::Feed(char c) {
     if (lost) {
         // Still known without the quoting: a value after a '$' gets name characters only, and
-        // an empty value after a backslash must not leave it the template's next byte.
+        // a backslash before an empty value is taken out.
         dollar = c == '$';
         escaped = !escaped && c == '\\';
         return;

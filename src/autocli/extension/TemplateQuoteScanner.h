@@ -17,6 +17,8 @@ public:
     ShellPlace Place() const;
     // A backslash just read that acts on whatever comes next.
     bool EscapePending() const { return escaped; }
+    // The backslash just read was taken back out of the line.
+    void DropPendingEscape() { escaped = false; }
     // Outside quotes, where a '#' would begin a comment.
     bool AtWordStart() const { return wordStart && !escaped; }
 

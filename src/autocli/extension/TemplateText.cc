@@ -36,10 +36,12 @@ public:
         if (scanner.EscapePending() && !escaped.empty() && escaped[0] == '\\') {
             escaped.erase(0, 1);
         }
-        // With nothing to escape, the backslash would take the template's next byte (a quote, a
-        // ';'); a line feed after it makes the pair vanish, in and out of double quotes.
+        // With nothing to escape, the template's backslash would take its next byte (a quote, a
+        // ';'): it escapes the empty value, which is no byte at all, so it goes.
         if (scanner.EscapePending() && escaped.empty()) {
-            escaped = "\n";
+            line.pop_back();
+            scanner.DropPendingEscape();
+            return;
         }
         Append(escaped);
     }
