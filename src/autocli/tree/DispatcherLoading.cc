@@ -1,9 +1,11 @@
 // How the dispatcher finds plug-in files and turns them into registered plug-ins.
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 
 #include <boost/regex.hpp>
 
+#include "autocli/plugins/DescriptorPreloader.h"
 #include "autocli/tree/ExceptionText.h"
 #include "platform/DirectoryListing.h"
 #include "tindra/TindraException.h"
@@ -13,6 +15,20 @@
 
 namespace Tindra {
 namespace AutoCli {
+
+namespace {
+
+bool IsSharedLibraryPath(std::string const& path) {
+    static boost::regex const sharedLibraryFile(".+\\.so$");
+    return boost::regex_match(path, sharedLibraryFile);
+}
+
+bool IsDescriptorPath(std::string const& path) {
+    static boost::regex const descriptorFile(".+\\.xml$");
+    return boost::regex_match(path, descriptorFile);
+}
+
+}  // namespace
 
 // TINDRA_STANDARD_PLUGIN_DIR is /usr/lib/norvane/ostrel, set once by the build so the tool can
 // tell its own plug-in directory from the standard one.
@@ -36,9 +52,17 @@ void Dispatcher::AddExternalDirectoryInt(std::string const& directory, bool repo
         return;
     }
     std::sort(paths.begin(), paths.end());
+    std::vector<std::string> descriptorPaths;
+    std::copy_if(paths.begin(), paths.end(), std::back_inserter(descriptorPaths), IsDescriptorPath);
+    DescriptorPreloader descriptors(std::move(descriptorPaths));
+    size_t nextDescriptor = 0;
     for (auto const& path : paths) {
         try {
-            AddPlugin(path);
+            if (IsDescriptorPath(path)) {
+                RegisterPlugin(descriptors.Take(nextDescriptor++));
+            } else {
+                AddPlugin(path);
+            }
         } catch (...) {
             // One broken plug-in costs only its own commands, whatever it threw.
             std::cerr << "Error loading plugin " << path << " skipping.  "
@@ -48,16 +72,14 @@ void Dispatcher::AddExternalDirectoryInt(std::string const& directory, bool repo
 }
 
 void Dispatcher::AddPlugin(std::string const& path) {
-    static boost::regex const sharedLibraryFile(".+\\.so$");
-    static boost::regex const descriptorFile(".+\\.xml$");
-    if (boost::regex_match(path, sharedLibraryFile)) {
+    if (IsSharedLibraryPath(path)) {
         auto plugin = SharedLibraryPlugin::New(path);
         plugin->Initialize();
         // Kept before registering: a registration that fails half way may already have put
         // the library's objects into the tree.
         loadedLibraries.push_back(plugin);
         RegisterPlugin(plugin);
-    } else if (boost::regex_match(path, descriptorFile)) {
+    } else if (IsDescriptorPath(path)) {
         auto plugin = XmlPlugin::New(path);
         plugin->Initialize();
         RegisterPlugin(plugin);
