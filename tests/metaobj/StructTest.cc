@@ -47,10 +47,6 @@ TEST(StructFields, OrderDocumentationAbsenceOverloadsAndPrinting) {
     EXPECT_EQ(nullptr, s->GetField("c"));
     EXPECT_EQ("Invalid NULL value was assigned to the field c in the structure T",
               ThrownMessage([&] { s->SetField("c", std::shared_ptr<MetaObject>()); }));
-    // Convenience overloads store the shared scalars and typed lists.
-    s->SetField("bits", std::vector<bool>{true});
-    EXPECT_EQ(MetaBool::New(true), s->GetField("Param List"));
-    EXPECT_EQ(Bool, std::static_pointer_cast<MetaList>(s->GetField("bits"))->GetListType());
 }
 
 TEST(StructLocking, DefinitionLocksWhileInstanceTakesOnlyDefinedNames) {
