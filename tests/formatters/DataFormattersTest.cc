@@ -4,43 +4,34 @@
 #include "support/ThrownMessage.h"
 #include "tindra/autocli/formatters/JsonFormatter.h"
 #include "tindra/autocli/formatters/PythonFormatter.h"
+#include "tindra/autocli/formatters/SimpleFormatter.h"
 #include "tindra/autocli/formatters/TableFormatter.h"
 #include "tindra/autocli/formatters/XmlFormatter.h"
 
 namespace FormatterTest {
 namespace {
 
-std::shared_ptr<MetaStruct> ExampleDisk() {
+TEST(JsonAndPythonFormatters, Layouts) {
     auto disk = MetaStruct::New("Disk");
     disk->SetField("Name", "sda");
     disk->SetField("Paths", std::vector<std::string>{"a", "b"});
     disk->SetField("Size", 512L);
-    return disk;
-}
-
-std::shared_ptr<MetaStruct> StructInList() {
     auto item = MetaStruct::New("I");
     item->SetField("A", true);
-    auto items = MetaList::New(MetaType::Struct, item);
-    items->Add(item);
-    auto root = MetaStruct::New("R");
-    root->SetField("L", items);
-    return root;
-}
-
-TEST(JsonAndPythonFormatters, Layouts) {
+    auto structInList = MetaStruct::New("R");
+    structInList->SetField("L", ListOf({item}));
     struct Case {
         std::shared_ptr<MetaObject> root;
         char const* json;
         char const* python;
     } const cases[] = {
-        {ExampleDisk(),
+        {disk,
          "\n{\n   \"Name\": \"sda\",\n   \"Paths\": \n   [\n   \"a\", \n   \"b\"\n   ],\n"
          "   \"Size\": 512\n}\n",
          "{\"Name\": \"\"\"sda\"\"\", \"Paths\": [\"\"\"a\"\"\", \"\"\"b\"\"\", ], \"Size\": 512, "
          "}\n"},
         // Structures in lists start on their own line.
-        {StructInList(),
+        {structInList,
          "\n{\n   \"L\": \n   [\n   \n            {\n               \"A\": true\n"
          "            }\n   ]\n}\n",
          "{\"L\": [{\"A\": True, }, ], }\n"},
@@ -61,13 +52,6 @@ TEST(JsonAndPythonFormatters, Layouts) {
     EXPECT_FALSE(PythonFormatter::IsAllAscii("caf\xc3\xa9"));
 }
 
-std::string Document(std::string const& stylesheet, std::string const& meta,
-                     std::string const& root) {
-    return "<?xml version=\"1.0\"?>\n" + stylesheet +
-           "<output xmlns:ostrel=\"urn:tindra:ostrel:output:1\">\n   <meta-data>\n" + meta +
-           "   </meta-data>\n   <root>\n" + root + "   </root>\n</output>\n";
-}
-
 std::string XmlValue(std::shared_ptr<MetaObject> const& value, int level) {
     std::ostringstream out;
     XmlFormatter().Format(value, out, level);
@@ -77,47 +61,96 @@ std::string XmlValue(std::shared_ptr<MetaObject> const& value, int level) {
 // Data and parameters are escaped; the stylesheet reference is written as given.
 TEST(XmlFormatter, DocumentLayoutAndEscapes) {
     auto disk = MetaStruct::New("Disk");
-    disk->SetField("Name", "sda");
+    disk->SetField("<f>", "it's");
     disk->SetField("Size", 512L);
-    EXPECT_EQ(Render<XmlFormatter>(disk, Params({{"stylesheet", "disk.xsl"}})),
-              Document("<?xml-stylesheet type=\"text/xsl\" href=\"disk.xsl\"?>\n",
-                       "      <meta-data-field name=\"stylesheet\" value=\"disk.xsl\"/>\n",
-                       "      <structure typeName=\"Disk\">\n"
-                       "         <field name=\"Name\">\n"
-                       "            <string>sda</string>\n"
-                       "         </field>\n"
-                       "         <field name=\"Size\">\n"
-                       "            <integer>512</integer>\n"
-                       "         </field>\n"
-                       "      </structure>\n"));
+    std::string const head = "<?xml version=\"1.0\"?>\n";
+    std::string const open = "<output xmlns:ostrel=\"urn:tindra:ostrel:output:1\">\n";
+    EXPECT_EQ(Render<XmlFormatter>(disk, Params({{"stylesheet", "a\"b"}, {"k&", "<v>"}})),
+              head + "<?xml-stylesheet type=\"text/xsl\" href=\"a\"b\"?>\n" + open +
+                  "   <meta-data>\n"
+                  "      <meta-data-field name=\"k&amp;\" value=\"&lt;v&gt;\"/>\n"
+                  "      <meta-data-field name=\"stylesheet\" value=\"a&quot;b\"/>\n"
+                  "   </meta-data>\n   <root>\n"
+                  "      <structure typeName=\"Disk\">\n"
+                  "         <field name=\"&lt;f&gt;\">\n"
+                  "            <string>it&apos;s</string>\n"
+                  "         </field>\n"
+                  "         <field name=\"Size\">\n"
+                  "            <integer>512</integer>\n"
+                  "         </field>\n"
+                  "      </structure>\n   </root>\n</output>\n");
+    EXPECT_EQ(Render<XmlFormatter>(MetaBool::New(false)),
+              head + open +
+                  "   <meta-data>\n   </meta-data>\n   <root>\n"
+                  "      <boolean>false</boolean>\n   </root>\n</output>\n");
     EXPECT_EQ(SantizeString("a<b & \"c\" 50%'>&amp;\x01\xc3"),
               "a&lt;b &amp; &quot;c&quot; 50&#37;&apos;&gt;&amp;amp;\x01\xc3");
-    auto odd = MetaStruct::New("T");
-    odd->SetField("<f>", "it's");
-    EXPECT_EQ(Render<XmlFormatter>(odd, Params({{"stylesheet", "a\"b"}, {"k&", "<v>"}})),
-              Document("<?xml-stylesheet type=\"text/xsl\" href=\"a\"b\"?>\n",
-                       "      <meta-data-field name=\"k&amp;\" value=\"&lt;v&gt;\"/>\n"
-                       "      <meta-data-field name=\"stylesheet\" value=\"a&quot;b\"/>\n",
-                       "      <structure typeName=\"T\">\n         <field name=\"&lt;f&gt;\">\n"
-                       "            <string>it&apos;s</string>\n         </field>\n"
-                       "      </structure>\n"));
-    EXPECT_EQ(Render<XmlFormatter>(MetaBool::New(false)),
-              Document("", "", "      <boolean>false</boolean>\n"));
-}
 
-TEST(XmlFormatter, ValuesAtALevel) {
     auto numbers = MetaList::New(MetaType::Int);
     numbers->AddAll(std::vector<long>{-1, 2});
-    std::tuple<std::shared_ptr<MetaObject>, int, char const*> const cases[] = {
-        {MetaList::New(MetaType::String), 2, "      <list type=\"string\">\n      </list>\n"},
-        {numbers, 1,
-         "   <list type=\"integer\">\n         <integer>-1</integer>\n"
-         "         <integer>2</integer>\n   </list>\n"},
-        {Disks(false), 0, "<list type=\"structure\">\n</list>\n"},
-        {MetaString::New("two\nlines"), -3, "<string>two\nlines</string>\n"},
+    EXPECT_EQ(XmlValue(numbers, 1),
+              "   <list type=\"integer\">\n         <integer>-1</integer>\n"
+              "         <integer>2</integer>\n   </list>\n");
+    EXPECT_EQ(XmlValue(Disks(false), 0), "<list type=\"structure\">\n</list>\n");
+    EXPECT_EQ(XmlValue(MetaString::New("two\nlines"), -3), "<string>two\nlines</string>\n");
+}
+
+std::string Simple(std::shared_ptr<MetaObject> const& root, FormatParameters params = {}) {
+    return Render<SimpleFormatter>(root, params);
+}
+
+TEST(SimpleFormatter, AdapterExampleAndNesting) {
+    auto adapter = [](char const* name, long speed) {
+        auto adapter = MetaStruct::New("Adapter");
+        adapter->SetField("Name", name);
+        adapter->SetField("Speed", speed);
+        return adapter;
     };
-    for (auto const& [value, level, expected] : cases) {
-        EXPECT_EQ(XmlValue(value, level), expected);
+    auto adapters = ListOf({adapter("eth0", 1000), adapter("eth1", 100)});
+    EXPECT_EQ(Simple(adapters, Params({{"fields:Adapter", "Name,Speed"},
+                                       {"units:Adapter.Speed", "Mbps"},
+                                       {"align-fields", "true"}})),
+              "\nAdapter:\n   Name : eth0\n   Speed: 1000 Mbps\n"
+              "\nAdapter:\n   Name : eth1\n   Speed: 100 Mbps\n\n");
+    EXPECT_EQ(
+        Simple(adapters, Params({{"align-fields", "yes"}})),
+        "\nAdapter:\n   Name: eth0\n   Speed: 1000\n\nAdapter:\n   Name: eth1\n   Speed: 100\n\n");
+
+    auto host = MetaStruct::New("Host");
+    host->SetField("Disk", Disk("sda", 512, "Fast disk"));
+    host->SetField("Disks", ListOf({Disk("nvme0n1", 2048, "NV")}));
+    host->SetField("Name", "h1");
+    host->SetField("Tags", std::vector<std::string>{"a", "b"});
+    EXPECT_EQ(Simple(host),
+              "Host:\n   Disk: \n      Disk:\n         Model: Fast disk\n         Name: sda\n"
+              "         Size: 512\n   Disks: \n         Disk:\n            Model: NV\n"
+              "            Name: nvme0n1\n            Size: 2048\n\n   Name: h1\n   Tags: a, b\n");
+    EXPECT_EQ(Simple(MetaInt::New(-42)) + Simple(MetaBool::New(true)), "-42\ntrue\n");
+    EXPECT_EQ(Simple(Disks(false)) + Simple(MetaList::New(MetaType::String)), "\n\n");
+}
+
+TEST(SimpleFormatter, HeaderAndFieldParameters) {
+    std::pair<char const*, char const*> const headers[] = {
+        {"Disk %Name%", "Disk sda:\n"},        {"<NONE>", ""},
+        {"A %Nope% 100%", "A %Nope% 100%:\n"}, {"%Model% on %Name%", "%Model% on sda:\n"},
+        {"%Size%-%Size%", "512-512:\n"},
+    };
+    auto const disk = Disk("sda", 512, "Fast disk");
+    for (auto const& [header, expected] : headers) {
+        EXPECT_EQ(Simple(disk, Params({{"header:Disk", header}, {"fields", "Name"}})),
+                  expected + std::string("   Name: sda\n"));
+    }
+    // A type's own field list wins; a missing field stops the list.
+    std::pair<FormatParameters, char const*> const fields[] = {
+        {Params({{"fields:Disk", "Size,Name"}, {"fields", "Model"}}),
+         "Disk:\n   Size: 512\n   Name: sda\n"},
+        {Params({{"fields:Other", "Size"}, {"fields", "Model"}}), "Disk:\n   Model: Fast disk\n"},
+        {Params({{"fields:Disk", "Name, Size,Model"}}),
+         "Disk:\n   Name: sda\nError getting field  Size\n"},
+        {Params({{"fields:Disk", ""}}), "Disk:\n"},
+    };
+    for (auto const& [params, expected] : fields) {
+        EXPECT_EQ(Simple(disk, params), expected);
     }
 }
 
@@ -136,9 +169,7 @@ TEST(KindChecks, TagThatDisagreesWithTheClass) {
     // A table cell shows the value's own text, aligned as its tag says.
     auto row = MetaStruct::New("Odd");
     row->SetField("N", std::shared_ptr<MetaObject>(impostor));
-    auto rows = MetaList::New(MetaType::Struct, row);
-    rows->Add(row);
-    EXPECT_EQ(Render<TableFormatter>(rows, Params({{"fields", "N,N"}})),
+    EXPECT_EQ(Render<TableFormatter>(ListOf({row}), Params({{"fields", "N,N"}})),
               "N         N\n--------  -\nimpostor  impostor  \n");
 }
 

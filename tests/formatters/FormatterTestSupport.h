@@ -6,6 +6,7 @@
 #include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "tindra/autocli/formatters/Formatter.h"
 #include "tindra/callspec/Output.h"
@@ -51,14 +52,21 @@ inline std::shared_ptr<MetaStruct> Disk(char const* name, long size, char const*
     return disk;
 }
 
-// The two disks of the table example: sda 512 "Fast disk", nvme0n1 2048 "NV".
-inline std::shared_ptr<MetaList> Disks(bool withItems = true) {
-    auto list = MetaList::New(MetaType::Struct, Disk("", 0, ""));
-    if (withItems) {
-        list->Add(Disk("sda", 512, "Fast disk"));
-        list->Add(Disk("nvme0n1", 2048, "NV"));
+// A list of structures whose template is the first of them.
+inline std::shared_ptr<MetaList> ListOf(std::vector<std::shared_ptr<MetaStruct>> const& items) {
+    auto list = MetaList::New(MetaType::Struct, items.front());
+    for (auto const& item : items) {
+        list->Add(item);
     }
     return list;
+}
+
+// The two disks of the table example, or none.
+inline std::shared_ptr<MetaList> Disks(bool withItems = true) {
+    if (!withItems) {
+        return MetaList::New(MetaType::Struct, Disk("", 0, ""));
+    }
+    return ListOf({Disk("sda", 512, "Fast disk"), Disk("nvme0n1", 2048, "NV")});
 }
 
 }  // namespace FormatterTest

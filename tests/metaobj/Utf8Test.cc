@@ -20,7 +20,7 @@ std::string Escaped(std::string const& text) {
 
 }  // namespace
 
-TEST(Utf8, ValidityAtEachSequenceLimit) {
+TEST(Utf8, ValidityAtEachSequenceLimitAndEscapesOfStrayBytes) {
     for (char const* good : {"", "\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
                              "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(IsValid(good)) << Escaped(good);
@@ -28,15 +28,11 @@ TEST(Utf8, ValidityAtEachSequenceLimit) {
     // Overlongs, surrogates, beyond U+10FFFF, stray continuation, truncation.
     for (char const* bad :
          {"\xC0\xAF", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF", "\xED\xA0\x80",
-          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\x80", "\xE2\x82",
-          "\xE2\x82"
-          "A"}) {
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\x80", "\xE2\x82"}) {
         EXPECT_FALSE(IsValid(bad)) << Escaped(bad);
     }
     EXPECT_TRUE(Utf8_IsBufferValid("abc\0\xFF", -1, kEncodingUtf8));
-}
-
-TEST(Utf8, EscapesEachStrayByteAndKeepsValidNeighbours) {
+    // Each byte of a broken sequence is escaped; valid neighbours stay.
     EXPECT_EQ("\\xE2\\x82A", Escaped("\xE2\x82"
                                      "A"));
     EXPECT_EQ("\\xED\\xA0\\x80", Escaped("\xED\xA0\x80"));

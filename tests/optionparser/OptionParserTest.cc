@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace {
@@ -30,7 +29,7 @@ Words PathOf(OptionParser& parser) {
     return Words(parser.GetCommandPath().begin(), parser.GetCommandPath().end());
 }
 
-TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptions) {
+TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptionsAndAttachedValuesAreTold) {
     OptionParser parser;
     for (char const* word : {"-a", "-Z", "--ab", "--a1", "--a-b", "--ab=c", "--ab==", "--a-=x"}) {
         EXPECT_TRUE(parser.IsParameter(word)) << word;
@@ -39,40 +38,16 @@ TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptions) {
                              "-é", " -a", "-a "}) {
         EXPECT_FALSE(parser.IsParameter(word)) << word;
     }
-}
-
-TEST(OptionShapeTest, ParseParameterTellsWhetherTheValueCameAttached) {
-    OptionParser parser;
-    std::tuple<char const*, bool, char const*> const cases[] = {{"-n", false, "n|untouched"},
-                                                                {"--name", false, "name|untouched"},
-                                                                {"--name=a=b", true, "name|a=b"}};
-    for (auto const& [word, attached, parsed] : cases) {
-        std::string name, value = "untouched";
-        EXPECT_EQ(attached, parser.ParseParameter(word, name, value)) << word;
-        EXPECT_EQ(parsed, name + "|" + value) << word;
-    }
-    EXPECT_TRUE(parser.GetParseErrors().empty());
-
-    std::string name, value;
+    std::string name, value = "untouched";
+    EXPECT_FALSE(parser.ParseParameter("-n", name, value));
+    EXPECT_EQ("n|untouched", name + "|" + value);
+    EXPECT_TRUE(parser.ParseParameter("--name=a=b", name, value));
+    EXPECT_EQ("name|a=b", name + "|" + value);
     EXPECT_FALSE(parser.ParseParameter("-ab", name, value) ||
                  parser.ParseParameter("--x=", name, value));
     EXPECT_EQ((Words{"Attempt to parse option failed.  Input was : -ab",
                      "Attempt to parse option failed.  Input was : --x="}),
               parser.GetParseErrors());
-}
-
-TEST(OptionParserTest, AnyOptionTakesTheNextOrdinaryWordAsItsValue) {
-    OptionParser parser;
-    parser.ParseVector({"demo", "widget", "--verbose", "list"});
-    EXPECT_EQ((Words{"demo", "widget"}), PathOf(parser));
-    EXPECT_EQ((Pairs{{"verbose", "list"}}), parser.GetCommandParameters());
-
-    OptionParser shapes;
-    shapes.ParseVector({"--n", "x", "-n", "item0", "--count", "-5", "--name=a=b", "-v", "-w"});
-    EXPECT_EQ((Words{"--n", "x"}), PathOf(shapes));
-    EXPECT_EQ((Pairs{{"n", "item0"}, {"count", "-5"}, {"name", "a=b"}, {"v", ""}, {"w", ""}}),
-              shapes.GetCommandParameters());
-    EXPECT_TRUE(shapes.GetParseErrors().empty()) << "no declaration, so no missing-value check";
 }
 
 TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeats) {
@@ -82,29 +57,29 @@ TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeat
     EXPECT_EQ("ostrel", parser.GetDispatcher());
     EXPECT_EQ((Words{"ns", "cmd"}), PathOf(parser));
     EXPECT_EQ((Pairs{{"x", "1"}, {"other", "2"}, {"x", "3"}}), parser.GetCommandParameters());
-    EXPECT_TRUE(parser.GetParseErrors().empty());
     EXPECT_EQ((Words{"a.xml", "b.so"}), parser.GetDispatcherParameter("plugin"));
-    EXPECT_FALSE(parser.HasDispatcherParameter("x"));
     EXPECT_EQ((Words{"1", "3"}), parser.GetCommandParameter("x"));
 
+    // Without a declaration any option takes the next ordinary word as its value.
+    OptionParser shapes;
+    shapes.ParseVector({"--n", "x", "-n", "item0", "--count", "-5", "--name=a=b", "-v", "-w"});
+    EXPECT_EQ((Words{"--n", "x"}), PathOf(shapes));
+    EXPECT_EQ((Pairs{{"n", "item0"}, {"count", "-5"}, {"name", "a=b"}, {"v", ""}, {"w", ""}}),
+              shapes.GetCommandParameters());
+    EXPECT_TRUE(shapes.GetParseErrors().empty());
+
     // Parsing again keeps earlier errors and already processed command options.
-    OptionParser again;
+    OptionParser again("tool");
     again.ParseVector({"a", "-x", "1", "stray"});
     again.ProcessCommandArguments();
-    again.ParseVector({"--fmt", "json", "b", "c"});
-    EXPECT_EQ((Pairs{{"fmt", "json"}}), again.GetDispatcherParameters());
-    EXPECT_EQ((Words{"b", "c"}), PathOf(again));
-    EXPECT_EQ((Pairs{{"x", "1"}}), again.GetCommandParameters());
-    EXPECT_EQ(1u, again.GetParseErrors().size());
-
-    OptionParser dumped("tool");
-    dumped.ParseVector({"--formatter", "xml", "ns", "cmd", "-v", "--name", "a b", "extra"});
+    again.ParseVector({"--formatter", "xml", "ns", "cmd"});
     EXPECT_EQ(
         "Parsed: 0\nDispatcher: tool\nErrors: \n"
-        "   Found Extra non-parameter arguments at the end of input: 'extra' \n"
+        "   Found Extra non-parameter arguments at the end of input: 'stray' \n"
         "Path: 'ns''cmd'\nDispatch Params: \n   --formatter = 'xml'\n"
-        "Command Params: \n   --v = ''\n   --name = 'a b'\n",
-        dumped.ToString());
+        "Command Params: \n   --x = '1'\n",
+        again.ToString());
+    EXPECT_EQ((Pairs{{"x", "1"}}), again.GetCommandParameters());
 }
 
 TEST(OptionParserTest, MissingValuesAreCheckedAgainstTheDeclarationSetBeforeProcessing) {
@@ -124,13 +99,9 @@ TEST(OptionParserTest, MissingValuesAreCheckedAgainstTheDeclarationSetBeforeProc
 }
 
 TEST(ParseStringTest, QuotesGroupBlanksAndAreRemoved) {
-    for (char const* line : {"", "   ", " \t ", "# comment", "  #x --a", "\"#quoted\" a"}) {
-        OptionParser parser;
-        EXPECT_TRUE(parser.ParseString(line)) << line;
-        EXPECT_TRUE(parser.GetCommandPath().empty()) << line;
-    }
+    OptionParser comment;
+    EXPECT_TRUE(comment.ParseString("\"#quoted\" a"));
     std::pair<char const*, Words> const cases[] = {
-        {"a \"b c\"", {"a", "b c"}},
         {"a\"b c\"d", {"ab cd"}},
         {"  lead\tand  trail \t", {"lead", "and", "trail"}},
         {"a #b c#", {"a", "#b", "c#"}},

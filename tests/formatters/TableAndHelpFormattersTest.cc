@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include "FormatterTestSupport.h"
+#include "support/ThrownMessage.h"
+#include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
+#include "tindra/autocli/formatters/CommandHelpFormatter.h"
+#include "tindra/autocli/formatters/FieldHelpers.h"
+#include "tindra/autocli/formatters/TableFormatter.h"
+
+namespace FormatterTest {
+namespace {
+
+std::string Table(std::shared_ptr<MetaObject> const& root, FormatParameters params,
+                  uint16_t width = 0, bool* result = nullptr) {
+    return Render<TableFormatter>(root, params, width, result);
+}
+
+TEST(TableFormatter, DiskExampleHeaderSwitchesAndColumnChoice) {
+    std::string const head = "Name     Size  Model\n";
+    std::string const rule = "-------  ----  -----\n";
+    std::string const rows = "sda       512  Fast disk\nnvme0n1  2048  NV\n";
+    std::pair<FormatParameters, std::string> const cases[] = {
+        {Params({{"fields:Disk", "Name,Size,Model"}}), head + rule + rows},
+        {Params({{"fields", "Name,Size,Model"}, {"table-header", "false"}}), rows},
+        {Params(
+             {{"fields", "Name,Size,Model"}, {"show-header", "true"}, {"table-header", "false"}}),
+         head + rule + rows},
+        {Params({{"fields", "Name,Size,Model"}, {"header-line", "false"}}), head + rows},
+        {Params({{"show-header", "false"}, {"table-columns", "Name"}}), "sda\nnvme0n1\n"},
+        // Without a column list the fields come in name order; an integer ends with two blanks.
+        {Params({{"show-header", "false"}}),
+         "Fast disk  sda       512  \nNV         nvme0n1  2048  \n"},
+        {Params({{"fields", " Name ,\tSize"},
+                 {"printf:Disk.Size", "%06ld"},
+                 {"units:Disk.Size", "kB"}}),
+         "Name     Size\n-------  ----\nsda      000512 kB  \nnvme0n1  002048 kB  \n"},
+    };
+    for (auto const& [params, expected] : cases) {
+        bool result = false;
+        EXPECT_EQ(Table(Disks(), params, 0, &result), expected);
+        EXPECT_TRUE(result);
+    }
+    EXPECT_EQ(Table(Disks(false), Params({{"fields", "Name,Size,Model"}})),
+              "Name  Size  Model\n----  ----  -----\n");
+}
+
+TEST(TableFormatter, WrapsLastColumnUnderItsStart) {
+    auto entry = [](char const* description) {
+        auto entry = MetaStruct::New("Entry");
+        entry->SetField("Name", "a");
+        entry->SetField("Description", description);
+        return ListOf({entry});
+    };
+    auto const params =
+        Params({{"show-header", "false"}, {"fields", "Name,Description"}, {"wrap-last", "true"}});
+    auto const words = entry("one two three four five six");
+    EXPECT_EQ(Table(words, params, 20), "a     one two three \n      four five six\n");
+    EXPECT_EQ(Table(entry("first\nsecond line"), params, 20), "a     first\n      second line\n");
+    // Too narrow for the other columns and the last column's name: no wrap.
+    EXPECT_EQ(Table(words, params, 16), "a     one two three four five six\n");
+}
+
+TEST(TableFormatter, ErrorsPrintOnlyTheirMessage) {
+    bool result = true;
+    EXPECT_EQ(Table(Disks(), Params({{"fields", "Name,Nope"}}), 0, &result),
+              "Error: Unknown field in field list: Nope\n");
+    EXPECT_FALSE(result);
+    EXPECT_EQ(Table(MetaList::New(MetaType::Struct, std::shared_ptr<MetaStruct>()), {}), "");
+    EXPECT_EQ(Table(Disks(), Params({{"fields", ""}})), "\n\n");
+    for (std::shared_ptr<MetaObject> root : std::vector<std::shared_ptr<MetaObject>>{
+             MetaInt::New(1), MetaList::New(MetaType::Int), nullptr}) {
+        EXPECT_EQ(
+            ThrownMessage([&root] { Table(root, {}); }),
+            "Error: Unexpected type for output, formatter, table, expected a List of structs");
+    }
+}
+
+// Rows of one list need not hold the same fields in the same places, nor the same type name:
+// the list takes any row that matches its template, and a reader may add rows as they come.
+TEST(TableFormatter, EachRowIsReadByItsOwnFieldsAndTypeName) {
+    auto other = MetaStruct::New("Other");
+    other->SetField("Model", "m");
+    other->SetField("Name", "b");
+    other->SetField("Size", 255L);
+    auto withBus = Disk("sdb", 7, "Stick");
+    withBus->SetField("Bus", "usb");  // sorts first, so every other field moves one place
+    auto disks = ListOf({Disk("sda", 512, "Fast disk"), other});
+    disks->GetObjects().push_back(withBus);
+    EXPECT_EQ(Table(disks, Params({{"fields", "Name,Size,Name"},
+                                   {"printf:Disk.Size", "%03ld"},
+                                   {"printf:Other.Size", "%lx"},
+                                   {"units:Other.Name", "(other)"}})),
+              "Name       Size  Name\n---------  ----  ----\nsda         512  sda\n"
+              "b (other)    ff  b (other)\nsdb         007  sdb\n");
+    auto nameless = MetaStruct::New("Disk");
+    nameless->SetField("Size", 1L);
+    disks->GetObjects().push_back(nameless);
+    EXPECT_EQ(Table(disks, Params({{"fields", "Size,Name"}})),
+              "Error: Unknown field in field list: Name\n");
+
+    auto host = [](char const* name, std::shared_ptr<MetaStruct> const& disk) {
+        auto entry = MetaStruct::New("Host");
+        entry->SetField("Disk", disk);
+        entry->SetField("Name", name);
+        return entry;
+    };
+    auto hosts = ListOf(
+        {host("h1", Disk("sda", 512, "Fast disk")), host("host2", Disk("nvme0n1", 2048, "NV"))});
+    EXPECT_EQ(Table(hosts, Params({{"fields", "Name,Disk.Name,Disk.Size"}})),
+              "Name   Disk.Name  Disk.Size\n"
+              "-----  ---------  ---------\n"
+              "h1     sda              512  \n"
+              "host2  nvme0n1         2048  \n");
+    // A first part that names no field is skipped; one that is no structure ends the walk.
+    auto const h1 = std::static_pointer_cast<MetaStruct>(hosts->GetItem(0));
+    EXPECT_EQ(GetSubField(h1, "missing.Name")->ToString() + GetStringField(h1, "Disk"), "h1");
+    EXPECT_EQ(GetSubField(h1, "Disk.missing"), nullptr);
+    EXPECT_EQ(GetSubField(h1, "Name.Size"), nullptr);
+    EXPECT_EQ(GetSubField(nullptr, "Name"), nullptr);
+}
+
+std::shared_ptr<MetaStruct> Option(char const* name, char const* shortName, char const* description,
+                                   bool required, bool secret) {
+    auto option = MetaStruct::New("OstrelCommandParameter");
+    option->SetField("Name", name);
+    option->SetField("Short Name", shortName);
+    option->SetField("Description", description);
+    option->SetField("Required", required);
+    option->SetField("Secret", secret);
+    return option;
+}
+
+std::string CommandHelp(uint16_t width) {
+    auto example = MetaStruct::New("OstrelCommandExample");
+    example->SetField("Description", "List all items :");
+    example->SetField("Syntax", "# ostrel demo widget item list --all");
+    auto help = MetaStruct::New("OstrelCommandHelp");
+    help->SetField("Dispatcher", "ostrel");
+    help->SetField("Path", "demo widget item list");
+    help->SetField("Description", "List the items.");
+    help->SetField("Param List", ListOf({Option("all", "a", "Show all.", true, false),
+                                         Option("help", "h", "Show the help.", false, false),
+                                         Option("password", "", "The password.", true, true)}));
+    help->SetField("Example List", ListOf({example}));
+    return Render<CommandHelpFormatter>(help, {}, width);
+}
+
+TEST(CommandHelpFormatter, RequiredSecretAndExamples) {
+    std::string const warning =
+        "WARNING: Providing secret values on the command line is insecure because it may be "
+        "logged or preserved in history files. Instead, specify this option with no value on the "
+        "command line, and enter the value on the supplied prompt.";
+    std::string const column(18, ' ');
+    std::string const unwrapped =
+        "Usage: ostrel demo widget item list <options>\n\nDescription: List the items.\n\n"
+        "  -a|--all        Show all. (required)\n"
+        "  -h|--help       Show the help.\n"
+        "     --password   The password. (required secret)\n" +
+        column + warning +
+        "\n\nExamples: \n\n"
+        "    List all items :\n"
+        "# ostrel demo widget item list --all        \n\n";
+    EXPECT_EQ(CommandHelp(0), unwrapped);
+    // The warning wraps under the description column.
+    std::string wrapped;
+    for (char const* line :
+         {"WARNING: Providing secret values on the ", "command line is insecure because it may ",
+          "be logged or preserved in history files. ", "Instead, specify this option with no ",
+          "value on the command line, and enter the ", "value on the supplied prompt."}) {
+        wrapped += (wrapped.empty() ? "" : "\n" + column) + line;
+    }
+    EXPECT_EQ(CommandHelp(60),
+              std::string(unwrapped).replace(unwrapped.find(warning), warning.size(), wrapped));
+    EXPECT_EQ(ThrownMessage([] { Render<CommandHelpFormatter>(MetaStruct::New("Other")); }),
+              "Error: Unexpected type for output, formatter expected a struct with help "
+              "information");
+}
+
+// The listing layout is pinned where the tool prints it; here, what a broken listing gives.
+TEST(CliDispatcherHelpFormatter, MissingFields) {
+    EXPECT_EQ(Render<CliDispatcherHelpFormatter>(MetaStruct::New("OstrelCommandPrint")),
+              "Usage: <Dispatcher> [disp options] <namespaces> <command>\n\n"
+              "For help please run <Dispatcher> --help\n\n"
+              "Available Namespaces: \n\nERROR, list is bad\n"
+              "Available Commands: \n\nERROR, list is bad\n");
+    EXPECT_EQ(ThrownMessage([] { Render<CliDispatcherHelpFormatter>(MetaString::New("x")); }),
+              "Error: Unexpected type for help output, formatter expected a struct with help data");
+}
+
+}  // namespace
+}  // namespace FormatterTest
