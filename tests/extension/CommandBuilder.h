@@ -1,21 +1,15 @@
 #ifndef TINDRA_TESTS_EXTENSION_COMMANDBUILDER_H
 #define TINDRA_TESTS_EXTENSION_COMMANDBUILDER_H
 
-#include <memory>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "tindra/autocli/extension/ExtensionCommand.h"
-#include "tindra/callspec/Input.h"
-#include "tindra/callspec/InputSpec.h"
-#include "tindra/callspec/OutputSpec.h"
-#include "tindra/callspec/ParameterSpec.h"
 #include "tindra/metaobj/MetaString.h"
 
-// An extension command with the given optional parameters and templates, and inputs for it.
+// Extension commands over optional parameters, with inputs for them and their runs.
 struct CommandBuilder {
     using Kind = Tindra::CallSpec::ParameterType;
+    using Values = std::vector<std::pair<std::string, std::string>>;  // a flag's value is empty
 
     CommandBuilder& Parameter(std::string const& name, Kind kind) {
         auto parameter = Tindra::CallSpec::ParameterSpec::New(name, kind);
@@ -23,7 +17,6 @@ struct CommandBuilder {
         spec->AddParameter(parameter);
         return *this;
     }
-
     std::shared_ptr<Tindra::AutoCli::ExtensionCommand> Build(std::string const& execute,
                                                              std::string const& input = "") {
         auto command = Tindra::AutoCli::ExtensionCommand::New();
@@ -36,16 +29,19 @@ struct CommandBuilder {
         command->SetStdin(input);
         return command;
     }
-
-    // Values given as (name, value) pairs; a flag is given with the empty value.
-    std::shared_ptr<Tindra::CallSpec::Input> Input(
-        std::vector<std::pair<std::string, std::string>> const& values) {
+    std::shared_ptr<Tindra::CallSpec::Input> Input(Values const& values) {
         auto input = Tindra::CallSpec::Input::New();
-        for (auto const& value : values) {
-            input->AddParameter(value.first, value.second);
-        }
+        for (auto const& [name, value] : values)
+            input->AddParameter(name, value);
         input->SetInputSpec(spec);
         return input;
+    }
+    std::shared_ptr<Tindra::CallSpec::Output> Run(std::string const& execute,
+                                                  std::string const& stdinText,
+                                                  Values const& values) {
+        auto output = Tindra::CallSpec::Output::New();
+        Build(execute, stdinText)->ExecuteInternal(Input(values), output);
+        return output;
     }
 
     std::shared_ptr<Tindra::CallSpec::InputSpec> spec = Tindra::CallSpec::InputSpec::New();

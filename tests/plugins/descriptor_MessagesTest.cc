@@ -12,44 +12,39 @@
 namespace {
 
 using namespace DescriptorTest;
-using Tindra::AutoCli::XmlPlugin;
 
 struct Case {
     std::string CommandParts::*part;  // nullptr: the content is the whole file
-    std::string content;
-    std::string message;
+    std::string content, message;
 };
 
-class DescriptorMessagesTest : public ::testing::Test {
-protected:
-    // The content replaces one part of an otherwise complete command, and the message gets the
-    // command's wrapping; or it is the whole file.
-    void Expect(std::vector<Case> const& cases) {
-        for (Case const& c : cases) {
-            CommandParts parts;
-            std::string content = c.content;
-            std::string message = c.message;
-            if (c.part != nullptr) {
-                parts.*(c.part) = c.content;
-                content = Descriptor("<commands>" + parts.Element() + "</commands>");
-                message = "Unable to register the command 'ostrel demo.run'  Error was " + message;
-            }
-            std::string const path = files.Write("plugin.xml", content);
-            EXPECT_EQ("Unable to handle XML Plugin " + path +
-                          ".  There was an error while parsing: " + message,
-                      ThrownMessage([&] { XmlPlugin::New(path)->Initialize(); }))
-                << c.content.substr(0, 200);
+DescriptorFiles files;
+std::string const file = files.path + "/plugin.xml";
+
+// The content replaces one part of an otherwise complete command, and the message gets the
+// command's wrapping; or it is the whole file.
+void ExpectMessages(std::vector<Case> const& cases) {
+    for (Case const& c : cases) {
+        CommandParts parts;
+        std::string content = c.content, message = c.message;
+        if (c.part != nullptr) {
+            parts.*(c.part) = c.content;
+            content = Descriptor("<commands>" + parts.Element() + "</commands>");
+            message = "Unable to register the command 'ostrel demo.run'  Error was " + message;
         }
+        files.Write("plugin.xml", content);
+        EXPECT_EQ("Unable to handle XML Plugin " + file +
+                      ".  There was an error while parsing: " + message,
+                  ThrownMessage([&] { Tindra::AutoCli::XmlPlugin::New(file)->Initialize(); }))
+            << c.content.substr(0, 200);
     }
-    DescriptorFiles files;
-    std::string const file = files.path + "/plugin.xml";
-};
+}
 
-TEST_F(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
+TEST(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
     CommandParts twice;
     twice.description = "<description>a</description><description>b</description>";
     std::string const unreadable = "Unable to parse XML descriptor: " + file;
-    Expect({
+    ExpectMessages({
         {nullptr, "<plugin><version>1.0.0</plugin>", unreadable},
         // Larger than any descriptor may be: refused before it is parsed.
         {nullptr, Descriptor("<commands/><!--" + std::string(10 * 1000 * 1000, '-') + "-->"),
@@ -73,45 +68,45 @@ TEST_F(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
     });
 }
 
-TEST_F(DescriptorMessagesTest, CommandParts) {
+TEST(DescriptorMessagesTest, CommandParts) {
     auto const required = [](std::string const& tag) {
         return "Unable to find <" + tag + "> element, which is required for a command.";
     };
-    Expect({
-        {&CommandParts::inputSpec, "", required("input-spec")},
-        {&CommandParts::outputSpec, "", required("output-spec")},
-        {&CommandParts::formatParameters, "", required("format-parameters")},
-        {&CommandParts::inputSpec, "<input-spec/><input-spec/>",
+    auto const in = &CommandParts::inputSpec, out = &CommandParts::outputSpec,
+               format = &CommandParts::formatParameters, meta = &CommandParts::metaData;
+    ExpectMessages({
+        {in, "", required("input-spec")},
+        {out, "", required("output-spec")},
+        {format, "", required("format-parameters")},
+        {in, "<input-spec/><input-spec/>",
          "More than one instance of input-spec found, expected only one."},
-        {&CommandParts::outputSpec, "<output-spec><int/><!-- c --><bool/></output-spec>",
+        {out, "<output-spec><int/><!-- c --><bool/></output-spec>",
          "Found more than one node under 'output-spec', where only one node is supported.  The "
          "tag was bool"},
-        {&CommandParts::outputSpec, "<output-spec><integer/></output-spec>",
+        {out, "<output-spec><integer/></output-spec>",
          "Unable to build output spec.  Error was Unable to make a MetaObject from a node with "
          "tag 'integer'"},
-        {&CommandParts::formatParameters,
-         "<format-parameters><formatter/><formatter>x</formatter></format-parameters>",
+        {format, "<format-parameters><formatter/><formatter>x</formatter></format-parameters>",
          "Invalid plugin format.  Duplicate <formatter> tags found"},
         {&CommandParts::execute, "<execute/>",
          "Missing or empty <execute> tag.  This tag must specify a valid execution string for "
          "this command."},
-        {&CommandParts::metaData, "<meta-data><entry>x</entry></meta-data>",
+        {meta, "<meta-data><entry>x</entry></meta-data>",
          "Found unexpected tag while building meta-data set.  Unexpected tag was: entry"},
-        {&CommandParts::metaData,
-         "<meta-data><meta-data-entry name=\"\">v</meta-data-entry></meta-data>",
+        {meta, "<meta-data><meta-data-entry name=\"\">v</meta-data-entry></meta-data>",
          "Error parsing 'meta-data-entry', missing required attribute 'name'"},
     });
 }
 
-TEST_F(DescriptorMessagesTest, ParametersInTheOrderOfTheirChecks) {
+TEST(DescriptorMessagesTest, ParametersInTheOrderOfTheirChecks) {
     std::string const d = "<description>d</description>";
     std::string const prefix = "Unable to parse Input Paramter pp. ";
     auto const param = [](std::string const& attributes, std::string const& body = "") {
         return "<input-spec><parameter " + attributes + ">" + body + "</parameter></input-spec>";
     };
-    std::string CommandParts::*const in = &CommandParts::inputSpec;
+    auto const in = &CommandParts::inputSpec;
     // Each case breaks its rule and the later ones too, so only the earliest check may speak.
-    Expect({
+    ExpectMessages({
         {in, param("name=\"\" type=\"nope\""),
          "Unable to parse Input Parameter.  Missing required attribute: 'name'"},
         {in, param("name=\"pp\" type=\"String\" required=\"maybe\""),
@@ -131,32 +126,31 @@ TEST_F(DescriptorMessagesTest, ParametersInTheOrderOfTheirChecks) {
          "characters, numbers and '-'"},
     });
     std::vector<Case> constraints = {
-        {in, "<constraint type=\"enum\"/>",
+        {in, "type=\"enum\">",
          "Missing or invalid constraint 'type', must be one of [stringenum, intenum, regex, "
          "range] got 'enum'"},
-        {in,
-         "<constraint type=\"intenum\"><enum><enum-value value=\"abc\">x</enum-value></enum>"
-         "</constraint>",
+        {in, "type=\"intenum\"><enum><enum-value value=\"abc\">x</enum-value></enum>",
          "Error parsing integer enumeration. Expected integer, but got abc"},
-        {in, "<constraint type=\"intenum\"><enum><value/></enum></constraint>",
+        {in, "type=\"intenum\"><enum><value/></enum>",
          "Found unexpected tag while building an enum.  Unexpected tag was: value"},
-        {in, "<constraint type=\"intenum\"><enum><enum-value>1</enum-value></enum></constraint>",
+        {in, "type=\"intenum\"><enum><enum-value>1</enum-value></enum>",
          "Error parsing 'enum-value', missing required attribute 'value'"},
-        {in, "<constraint type=\"range\"/>",
+        {in, "type=\"range\">",
          "Error parsing parameter constraint.  There was no data included inside the "
          "<constraint> tag for the given constraint type"},
-        {in, "<constraint type=\"range\"><range min=\"1\" max=\"ten\"/></constraint>",
+        {in, "type=\"range\"><range min=\"1\" max=\"ten\"/>",
          "Error parsing 'range' parameter constraint.  Range requires both 'min' and 'max' "
          "attributes and that both are integers."},
-        {in, "<constraint type=\"regex\"><regex/></constraint>",
+        {in, "type=\"regex\"><regex/>",
          "Error parsing regex from parameter constraint.Missing or empty 'regex' tag"},
     };
     for (Case& c : constraints) {
-        c.content = param("name=\"count\" type=\"int-list\" required=\"true\"", d + c.content);
+        c.content = param("name=\"count\" type=\"int-list\" required=\"true\"",
+                          d + "<constraint " + c.content + "</constraint>");
         c.message =
             "Unable to build parameter constraint for parameter count.  Error was: " + c.message;
     }
-    Expect(constraints);
+    ExpectMessages(constraints);
 }
 
 }  // namespace
