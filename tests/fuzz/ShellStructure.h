@@ -2,113 +2,84 @@
 #define TINDRA_TESTS_FUZZ_SHELLSTRUCTURE_H
 
 // What the POSIX shell makes of a command line beyond its plain words: the operators,
-// substitutions, parameter expansions and comments it finds outside quotes (and the
-// substitutions and expansions inside double quotes), in order, and whether every quote is
-// closed. Blanks only split words and are not recorded. Globbing and tilde expansion are not
-// recorded either: the escaping leaves them to the shell on purpose.
+// substitutions, parameter expansions and comments outside quotes (and the substitutions and
+// expansions inside double quotes), in order, and whether a quote is left open. Blanks only
+// split words; globbing and tilde expansion are left to the shell on purpose.
 
 #include <algorithm>
-#include <cstddef>
+#include <cctype>
 #include <cstring>
 #include <string>
 
 namespace Fuzz {
-
-struct ShellStructure {
-    std::string events;
-    bool complete = true;
-
-    bool operator==(ShellStructure const& other) const {
-        return events == other.events && complete == other.complete;
-    }
-    std::string ToString() const {
-        return "[" + events + "]" + (complete ? "" : " unterminated quote");
-    }
-};
 
 class ShellLexer {
 public:
     // The shell gets the line as a C string: it ends at the first zero byte.
     explicit ShellLexer(std::string const& line) : text(line.substr(0, line.find('\0'))) {}
 
-    ShellStructure Run() {
+    std::string Run() {
         bool wordStart = true;
-        while (at < text.size() && result.complete) {
+        while (at < text.size() && complete) {
             char const c = text[at];
-            if (c == ' ' || c == '\t') {
-                wordStart = true;
-                ++at;
-            } else if (c == '\n' || std::strchr(";&|<>()", c) != nullptr) {
-                result.events += c;
+            if (c == ' ' || c == '\t' || c == '\n' || std::strchr(";&|<>()", c)) {
+                events += c == ' ' || c == '\t' ? "" : std::string(1, c);
                 wordStart = true;
                 ++at;
             } else if (c == '#' && wordStart) {
-                result.events += '#';
+                events += '#';
                 at = std::min(text.find('\n', at), text.size());
+            } else if (c == '\'') {
+                wordStart = false;
+                at = text.find('\'', at + 1) + 1;
+                complete = at != 0;
             } else {
                 wordStart = false;
-                WordCharacter(c);
+                c == '"' ? DoubleQuoted() : Step(true);
             }
         }
-        return result;
+        return complete ? events : events + " unterminated quote";
     }
 
 private:
-    void WordCharacter(char c) {
-        if (c == '\\') {
-            at += at + 1 < text.size() ? 2 : 1;  // the next byte is literal; "\<newline>" joins
-        } else if (c == '\'') {
-            size_t const end = text.find('\'', at + 1);
-            result.complete = end != std::string::npos;
-            at = end + 1;
-        } else if (c == '"') {
-            DoubleQuoted();
-        } else if (c == '`') {
-            result.events += '`';
+    // Substitutions start at a backquote or a dollar; a backslash that escapes takes the next
+    // byte with it ("\<newline>" joins lines).
+    void Step(bool escapes) {
+        char const c = text[at];
+        if (c == '`') {
+            events += '`';
             ++at;
         } else if (c == '$') {
             Dollar();
         } else {
-            ++at;
+            at += c == '\\' && escapes && at + 1 < text.size() ? 2 : 1;
         }
     }
 
     void DoubleQuoted() {
         for (++at; at < text.size();) {
-            char const c = text[at];
-            if (c == '"') {
+            if (text[at] == '"') {
                 ++at;
                 return;
             }
-            if (c == '\\') {
-                bool const escapes = at + 1 < text.size() && std::strchr("$`\"\\\n", text[at + 1]);
-                at += escapes ? 2 : 1;
-            } else if (c == '`') {
-                result.events += '`';
-                ++at;
-            } else if (c == '$') {
-                Dollar();
-            } else {
-                ++at;
-            }
+            Step(at + 1 < text.size() && std::strchr("$`\"\\\n", text[at + 1]));
         }
-        result.complete = false;
+        complete = false;
     }
 
     void Dollar() {
         char const next = at + 1 < text.size() ? text[at + 1] : '\0';
         auto const nameChar = [](char n) {
-            return n == '_' || (n >= 'a' && n <= 'z') || (n >= 'A' && n <= 'Z') ||
-                   (n >= '0' && n <= '9');
+            return n == '_' || std::isalnum(static_cast<unsigned char>(n));
         };
         if (next == '(' || next == '{') {
-            result.events += std::string("$") + next;
+            events += std::string("$") + next;
             at += 2;
         } else if (next != '\0' && std::strchr("@*#?-$!0123456789", next)) {
-            result.events += '$';
+            events += '$';
             at += 2;
         } else if (nameChar(next)) {
-            result.events += '$';
+            events += '$';
             for (++at; at < text.size() && nameChar(text[at]); ++at) {
             }
         } else {
@@ -118,10 +89,11 @@ private:
 
     std::string const text;
     size_t at = 0;
-    ShellStructure result;
+    std::string events;
+    bool complete = true;
 };
 
-inline ShellStructure ShellStructureOf(std::string const& line) {
+inline std::string ShellStructureOf(std::string const& line) {
     return ShellLexer(line).Run();
 }
 
