@@ -1,12 +1,16 @@
 #ifndef TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 #define TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 
+// What every fuzz target includes: the standard headers they share, a canonical text of values,
+// silence for libxml2's diagnostics and the way a target reports a broken property.
 #include <libxml/xmlerror.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
@@ -22,25 +26,21 @@ inline std::string Describe(std::shared_ptr<MetaObject> const& value) {
     if (!value) {
         return "<none>";
     }
-    std::string text = MetaTypeString(value->GetType());
-    if (value->GetType() == Struct) {
-        auto& structure = static_cast<MetaStruct&>(*value);
-        text += " " + structure.GetTypeName() + "{";
-        for (auto const& name : structure.GetFieldNames()) {
-            text += "[" + name + "]=" + Describe(structure.GetField(name)) + ";";
+    std::string text = MetaTypeString(value->GetType()) + "[";
+    if (auto structure = std::dynamic_pointer_cast<MetaStruct>(value)) {
+        text += structure->GetTypeName() + ":";
+        for (auto const& name : structure->GetFieldNames()) {
+            text += name + "=" + Describe(structure->GetField(name)) + ";";
         }
-        return text + "}";
+    } else if (auto list = std::dynamic_pointer_cast<MetaList>(value)) {
+        text += MetaTypeString(list->GetListType()) + " of " + Describe(list->GetListStructure());
+        for (auto const& item : list->GetObjects()) {
+            text += "," + Describe(item);
+        }
+    } else {
+        text += value->ToString();
     }
-    if (value->GetType() != List) {
-        return text + "[" + value->ToString() + "]";
-    }
-    auto& list = static_cast<MetaList&>(*value);
-    text += "<" + MetaTypeString(list.GetListType()) + " of " + Describe(list.GetListStructure()) +
-            ">(";
-    for (auto const& item : list.GetObjects()) {
-        text += Describe(item) + ",";
-    }
-    return text + ")";
+    return text + "]";
 }
 
 // User input may only ever fail with the library's own exception.
@@ -53,12 +53,11 @@ std::string Outcome(Read read) {
     }
 }
 
-inline void QuietStructured(void*, xmlError*) {}
 inline void QuietGeneric(void*, char const*, ...) {}
 
 // Broken documents by the million: the parser's complaints are not findings.
 inline void SilenceXmlDiagnostics() {
-    xmlSetStructuredErrorFunc(nullptr, &QuietStructured);
+    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlError*) {});
     xmlSetGenericErrorFunc(nullptr, &QuietGeneric);
 }
 
@@ -68,7 +67,7 @@ inline void Require(bool holds, char const* property, std::string const& detail)
         return;
     }
     std::fprintf(stderr, "property broken: %s\n", property);
-    for (unsigned char c : detail) {
+    for (unsigned char c : detail + "\n") {
         std::fprintf(stderr, (c < 0x20 && c != '\n') || c == 0x7f ? "\\x%02x" : "%c", c);
     }
     std::abort();

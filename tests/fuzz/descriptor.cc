@@ -3,12 +3,8 @@
 // every time it is read.
 #include <unistd.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdio>
 #include <fstream>
 #include <map>
-#include <string>
 
 #include "fuzz/FuzzSupport.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"

@@ -3,12 +3,8 @@
 // of them, or refuse with the library's own exception.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstddef>
-#include <cstdint>
 #include <iterator>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "fuzz/FuzzSupport.h"
 #include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"

@@ -1,10 +1,7 @@
 // Option lines are typed by the user: argument vectors (input starting with an even byte, words
 // ending at zero bytes) and the lines of a command-line stream (odd byte). The parser must never
 // throw or hang, and must hand out a path of plain words and pairs named as options are named.
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <vector>
+#include <sstream>
 
 #include "fuzz/FuzzSupport.h"
 #include "tindra/autocli/cli/OptionParser.h"
@@ -52,13 +49,10 @@ void Check(OptionParser& parser, std::string const& line, bool fromStream) {
 }
 
 std::vector<std::string> Split(std::string const& text, char separator) {
-    std::vector<std::string> parts(1);
-    for (char c : text) {
-        if (c == separator) {
-            parts.emplace_back();
-        } else {
-            parts.back() += c;
-        }
+    std::vector<std::string> parts;
+    std::istringstream in(text + separator);
+    for (std::string part; std::getline(in, part, separator);) {
+        parts.push_back(part);
     }
     return parts;
 }

@@ -4,10 +4,6 @@
 #include <libxml/parser.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <string>
 #include <utility>
 
 #include "fuzz/FuzzSupport.h"
@@ -30,12 +26,9 @@ std::string Expanded(std::string const& text) {
     if (text.empty() || text[0] != '\x01') {
         return text;
     }
-    static std::pair<char const*, size_t> const pieces[] = {// and the bytes each reads as
-                                                            {"x", 1},
-                                                            {"\xc3\xa9", 2},
-                                                            {"\r\n", 1},
-                                                            {"&amp;", 1},
-                                                            {"ab\n", 3}};
+    // Each piece with the number of bytes it reads as.
+    static std::pair<char const*, size_t> const pieces[] = {
+        {"x", 1}, {"\xc3\xa9", 2}, {"\r\n", 1}, {"&amp;", 1}, {"ab\n", 3}};
     std::string expanded;
     for (size_t at = 1, runs = 0; at < text.size(); ++at) {
         if (text[at] != '\x02' || at + 2 >= text.size() || runs == 2) {
@@ -52,12 +45,6 @@ std::string Expanded(std::string const& text) {
         ++runs;
     }
     return expanded;
-}
-
-void NoteShortage(void* refused, xmlError* error) {
-    if (error != nullptr && error->code == XML_ERR_NO_MEMORY) {
-        *static_cast<bool*>(refused) = true;
-    }
 }
 
 bool HasOverlongText(xmlNode* node) {
@@ -77,7 +64,9 @@ bool HasOverlongText(xmlNode* node) {
 // not well-formed.
 std::shared_ptr<MetaObject> TreeRead(std::string const& text) {
     bool refused = false;
-    xmlSetStructuredErrorFunc(&refused, &NoteShortage);
+    xmlSetStructuredErrorFunc(&refused, [](void* flag, xmlError* error) {
+        *static_cast<bool*>(flag) |= error != nullptr && error->code == XML_ERR_NO_MEMORY;
+    });
     XmlDocument document(
         xmlReadMemory(text.data(), static_cast<int>(text.size()), "STDOUT", nullptr, 0));
     Fuzz::SilenceXmlDiagnostics();

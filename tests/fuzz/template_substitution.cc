@@ -3,11 +3,6 @@
 // closed. Blanks may split a value into words; nothing else about it may reach the shell.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "fuzz/FuzzSupport.h"
 #include "fuzz/ShellStructure.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
