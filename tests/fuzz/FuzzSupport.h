@@ -1,8 +1,8 @@
 #ifndef TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 #define TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 
-// What every fuzz target includes: the standard headers they share, a canonical text of values,
-// silence for libxml2's diagnostics and the way a target reports a broken property.
+// What every fuzz target includes: shared headers, a canonical text of values, the way a target
+// reports a broken property, and silence for libxml2's diagnostics.
 #include <libxml/xmlerror.h>
 
 #include <cstdint>
@@ -55,12 +55,6 @@ std::string Outcome(Read read) {
 
 inline void QuietGeneric(void*, char const*, ...) {}
 
-// Broken documents by the million: the parser's complaints are not findings.
-inline void SilenceXmlDiagnostics() {
-    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlError*) {});
-    xmlSetGenericErrorFunc(nullptr, &QuietGeneric);
-}
-
 // libFuzzer keeps the input that broke the property; control bytes are shown as \xNN.
 inline void Require(bool holds, char const* property, std::string const& detail) {
     if (holds) {
@@ -75,8 +69,10 @@ inline void Require(bool holds, char const* property, std::string const& detail)
 
 }  // namespace Fuzz
 
+// Broken documents by the million: the parser's complaints are not findings.
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    Fuzz::SilenceXmlDiagnostics();
+    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlError*) {});
+    xmlSetGenericErrorFunc(nullptr, &Fuzz::QuietGeneric);
     return 0;
 }
 

@@ -8,10 +8,9 @@
 
 namespace Fuzz {
 
-// What the POSIX shell makes of a command line beyond its plain words: the operators,
-// substitutions, parameter expansions and comments outside quotes (and the substitutions and
-// expansions inside double quotes), in order, and whether a quote is left open. Blanks only
-// split words; globbing and tilde expansion are left to the shell on purpose.
+// What the POSIX shell makes of a command line beyond its words, in order: operators, comments,
+// substitutions and expansions (these also within double quotes), and a quote left open.
+// Globbing and tilde expansion are left to the shell on purpose.
 inline std::string ShellStructureOf(std::string const& line) {
     std::string const text = line.substr(0, line.find('\0'));  // the shell gets a C string
     auto const nameChar = [](char c) { return c == '_' || std::isalnum(c & 0xff); };

@@ -1,6 +1,5 @@
-// Descriptor files are read from the plug-in directories. A file may be rejected only with the
-// library's own exception, and a file that loads must register (or be refused) the same way
-// every time it is read.
+// A descriptor file may be rejected only with the library's own exception, and a file that loads
+// must register (or be refused) the same way every time it is read.
 #include <unistd.h>
 
 #include <fstream>

@@ -1,6 +1,5 @@
-// Format parameters are user text, from the command line and from descriptors: printf formats,
-// field lists, widths and headers. Every formatter must turn a small value into text under any
-// of them, or refuse with the library's own exception.
+// Format parameters (printf formats, field lists, widths, headers) are user text: every formatter
+// must format a small value under any of them, or refuse with the library's own exception.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <iterator>

@@ -13,20 +13,6 @@ namespace {
 using Tindra::AutoCli::OptionParser;
 using namespace Tindra::CallSpec;
 
-// Every kind of declaration that changes how a missing value is handled (a secret one would
-// wait for the terminal).
-std::shared_ptr<InputSpec> CommandSpec() {
-    auto spec = InputSpec::New();
-    auto name = ParameterSpec::New("name", ParamString);
-    name->SetShortName("n");
-    name->SetRequired(true);
-    spec->AddParameter(name);
-    spec->AddParameter(ParameterSpec::New("verbose", ParamFlag));
-    spec->AddParameter(ParameterSpec::New("count", ParamInt));
-    spec->AddParameter(ParameterSpec::New("paths", ParamStringList));
-    return spec;
-}
-
 void RequireOptionNames(std::vector<OptionParser::Pair> const& pairs, std::string const& line) {
     std::string const letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
     for (auto const& [name, value] : pairs) {
@@ -43,7 +29,17 @@ void Check(OptionParser& parser, std::string const& line, bool fromStream) {
                       "stream words are free of double quotes", line);
     }
     RequireOptionNames(parser.GetDispatcherParameters(), line);
-    parser.SetInputSpec(CommandSpec());
+    // Every kind of declaration that changes how a missing value is handled (a secret one would
+    // wait for the terminal).
+    auto spec = InputSpec::New();
+    auto name = ParameterSpec::New("name", ParamString);
+    name->SetShortName("n");
+    name->SetRequired(true);
+    spec->AddParameter(name);
+    spec->AddParameter(ParameterSpec::New("verbose", ParamFlag));
+    spec->AddParameter(ParameterSpec::New("count", ParamInt));
+    spec->AddParameter(ParameterSpec::New("paths", ParamStringList));
+    parser.SetInputSpec(spec);
     RequireOptionNames(parser.GetCommandParameters(), line);
     parser.ToString();
 }

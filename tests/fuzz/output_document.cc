@@ -1,6 +1,5 @@
-// Command output is whatever an external program printed. The streaming reader, fed the text
-// whole or in pieces of any size, must read it exactly as libxml2's tree of the whole text reads:
-// the same value, the same error or the same "not well-formed" verdict.
+// Command output is whatever a program printed. The streaming reader, fed it whole or in pieces,
+// must read it as libxml2's tree reads it: the same value, error or "not well-formed" verdict.
 #include <libxml/parser.h>
 
 #include <algorithm>
@@ -18,10 +17,9 @@ using namespace Tindra::AutoCli;
 using Tindra::TindraException;
 using Tindra::MetaObj::MetaObject;
 
-// An input beginning with byte 01 stands for a larger text: each of its first two bytes 02,
-// with the bytes C and N after it, becomes text of 9,999,990 + N % 20 bytes as the parser reads
-// them, around libxml2's limit for one text node, made of a piece chosen by C; the parser splits
-// each kind of piece differently.
+// After a leading byte 01, each of the first two bytes 02 and the bytes C, N after it become text
+// of 9,999,990 + N % 20 bytes as read, around libxml2's limit for one text node, made of a piece
+// chosen by C: the parser splits each kind of piece differently.
 std::string Expanded(std::string const& text) {
     if (text.empty() || text[0] != '\x01') {
         return text;
@@ -58,10 +56,9 @@ bool HasOverlongText(xmlNode* node) {
     return false;
 }
 
-// libxml2's memory reader with no options; the first child of the root that is not skipped,
-// built from the tree. A text node over libxml2's limit is kept whole or cut short (reported as
-// a shortage of memory) depending on how the parser split the text: the reader refuses both as
-// not well-formed.
+// libxml2's memory reader with no options, the root's first child not skipped built from the tree.
+// A text node over libxml2's limit is kept whole or cut short (reported as a shortage of memory)
+// depending on how the parser split it: the reader refuses both as not well-formed.
 std::shared_ptr<MetaObject> TreeRead(std::string const& text) {
     bool refused = false;
     xmlSetStructuredErrorFunc(&refused, [](void* flag, xmlError* error) {
@@ -69,7 +66,7 @@ std::shared_ptr<MetaObject> TreeRead(std::string const& text) {
     });
     XmlDocument document(
         xmlReadMemory(text.data(), static_cast<int>(text.size()), "STDOUT", nullptr, 0));
-    Fuzz::SilenceXmlDiagnostics();
+    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlError*) {});
     if (refused || !document || HasOverlongText(document->children)) {
         return nullptr;
     }
