@@ -1,15 +1,16 @@
 #ifndef TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 #define TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 
-// What the fuzz targets share: a canonical text of values, silence for libxml2's diagnostics,
-// and the way a target reports a broken property.
-
+// What every fuzz target includes: shared headers, a canonical text of values, the way a target
+// reports a broken property, and silence for libxml2's diagnostics.
 #include <libxml/xmlerror.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
@@ -19,42 +20,30 @@ namespace Fuzz {
 
 using namespace Tindra::MetaObj;
 
-// Every kind, type name and list prototype spelled out, so that two values compare equal
-// exactly when they are the same value.
+// Kinds, type names and list prototypes spelled out: two values describe the same exactly when
+// they are the same value.
 inline std::string Describe(std::shared_ptr<MetaObject> const& value) {
     if (!value) {
         return "<none>";
     }
-    std::string text;
-    switch (value->GetType()) {
-        case Int:
-            return "Int(" + value->ToString() + ")";
-        case Bool:
-            return "Bool(" + value->ToString() + ")";
-        case String:
-            return "String[" + value->ToString() + "]";
-        case Struct: {
-            auto& structure = static_cast<MetaStruct&>(*value);
-            for (auto const& name : structure.GetFieldNames()) {
-                text += "[" + name + "]=" + Describe(structure.GetField(name)) + ";";
-            }
-            return "Struct " + structure.GetTypeName() + "{" + text + "}";
+    std::string text = MetaTypeString(value->GetType()) + "[";
+    if (auto structure = std::dynamic_pointer_cast<MetaStruct>(value)) {
+        text += structure->GetTypeName() + ":";
+        for (auto const& name : structure->GetFieldNames()) {
+            text += name + "=" + Describe(structure->GetField(name)) + ";";
         }
-        case List: {
-            auto& list = static_cast<MetaList&>(*value);
-            for (auto const& item : list.GetObjects()) {
-                text += Describe(item) + ",";
-            }
-            auto prototype = list.GetListStructure();
-            return "List<" + MetaTypeString(list.GetListType()) +
-                   (prototype ? " of " + Describe(prototype) : "") + ">(" + text + ")";
+    } else if (auto list = std::dynamic_pointer_cast<MetaList>(value)) {
+        text += MetaTypeString(list->GetListType()) + " of " + Describe(list->GetListStructure());
+        for (auto const& item : list->GetObjects()) {
+            text += "," + Describe(item);
         }
+    } else {
+        text += value->ToString();
     }
-    return "<unknown kind>";
+    return text + "]";
 }
 
-// The described value the reading gives, or "throws: " and the message: user input may only
-// ever fail with the library's own exception.
+// User input may only ever fail with the library's own exception.
 template <typename Read>
 std::string Outcome(Read read) {
     try {
@@ -64,38 +53,27 @@ std::string Outcome(Read read) {
     }
 }
 
-inline void QuietStructured(void*, xmlError*) {}
 inline void QuietGeneric(void*, char const*, ...) {}
 
-// The fuzzers feed broken documents by the million; the parser's complaints are not findings.
-inline void SilenceXmlDiagnostics() {
-    xmlSetStructuredErrorFunc(nullptr, &QuietStructured);
-    xmlSetGenericErrorFunc(nullptr, &QuietGeneric);
-}
-
-// Control bytes and zero bytes written as \xNN, so that a report shows every byte.
-inline std::string Visible(std::string const& text) {
-    std::string shown;
-    for (unsigned char c : text) {
-        if ((c < 0x20 && c != '\n') || c == 0x7f) {
-            char escaped[5];
-            std::snprintf(escaped, sizeof escaped, "\\x%02x", c);
-            shown += escaped;
-        } else {
-            shown += static_cast<char>(c);
-        }
-    }
-    return shown;
-}
-
-// A property that must hold for every input; libFuzzer keeps the input that broke it.
+// libFuzzer keeps the input that broke the property; control bytes are shown as \xNN.
 inline void Require(bool holds, char const* property, std::string const& detail) {
-    if (!holds) {
-        std::fprintf(stderr, "property broken: %s\n%s\n", property, Visible(detail).c_str());
-        std::abort();
+    if (holds) {
+        return;
     }
+    std::fprintf(stderr, "property broken: %s\n", property);
+    for (unsigned char c : detail + "\n") {
+        std::fprintf(stderr, (c < 0x20 && c != '\n') || c == 0x7f ? "\\x%02x" : "%c", c);
+    }
+    std::abort();
 }
 
 }  // namespace Fuzz
+
+// Broken documents by the million: the parser's complaints are not findings.
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlError*) {});
+    xmlSetGenericErrorFunc(nullptr, &Fuzz::QuietGeneric);
+    return 0;
+}
 
 #endif

@@ -1,128 +1,62 @@
 #ifndef TINDRA_TESTS_FUZZ_SHELLSTRUCTURE_H
 #define TINDRA_TESTS_FUZZ_SHELLSTRUCTURE_H
 
-// What the POSIX shell makes of a command line beyond its plain words: the operators,
-// substitutions, parameter expansions and comments it finds outside quotes (and the
-// substitutions and expansions inside double quotes), in order, and whether every quote is
-// closed. Blanks only split words and are not recorded. Globbing and tilde expansion are not
-// recorded either: the escaping leaves them to the shell on purpose.
-
 #include <algorithm>
-#include <cstddef>
+#include <cctype>
 #include <cstring>
 #include <string>
 
 namespace Fuzz {
 
-struct ShellStructure {
+// What the POSIX shell makes of a command line beyond its words, in order: operators, comments,
+// substitutions and expansions (these also within double quotes), and a quote left open.
+// Globbing and tilde expansion are left to the shell on purpose.
+inline std::string ShellStructureOf(std::string const& line) {
+    std::string const text = line.substr(0, line.find('\0'));  // the shell gets a C string
+    auto const nameChar = [](char c) { return c == '_' || std::isalnum(c & 0xff); };
     std::string events;
-    bool complete = true;
-
-    bool operator==(ShellStructure const& other) const {
-        return events == other.events && complete == other.complete;
-    }
-    std::string ToString() const {
-        return "[" + events + "]" + (complete ? "" : " unterminated quote");
-    }
-};
-
-class ShellLexer {
-public:
-    // The shell gets the line as a C string: it ends at the first zero byte.
-    explicit ShellLexer(std::string const& line) : text(line.substr(0, line.find('\0'))) {}
-
-    ShellStructure Run() {
-        bool wordStart = true;
-        while (at < text.size() && result.complete) {
-            char const c = text[at];
-            if (c == ' ' || c == '\t') {
-                wordStart = true;
-                ++at;
-            } else if (c == '\n' || std::strchr(";&|<>()", c) != nullptr) {
-                result.events += c;
-                wordStart = true;
-                ++at;
-            } else if (c == '#' && wordStart) {
-                result.events += '#';
-                at = std::min(text.find('\n', at), text.size());
-            } else {
-                wordStart = false;
-                WordCharacter(c);
+    bool doubleQuoted = false, wordStart = true;
+    for (size_t at = 0; at < text.size();) {
+        char const c = text[at], next = at + 1 < text.size() ? text[at + 1] : '\0';
+        bool const outside = !doubleQuoted;
+        bool const separates =
+            outside && (c == ' ' || c == '\t' || c == '\n' || std::strchr(";&|<>()", c));
+        if (c == '"') {
+            doubleQuoted = outside;
+            ++at;
+        } else if (separates) {
+            events += c == ' ' || c == '\t' ? "" : std::string(1, c);
+            ++at;
+        } else if (outside && c == '#' && wordStart) {
+            events += '#';
+            at = std::min(text.find('\n', at), text.size());
+        } else if (outside && c == '\'') {
+            at = text.find('\'', at + 1) + 1;
+            if (at == 0) {
+                return events + " unterminated quote";
             }
-        }
-        return result;
-    }
-
-private:
-    void WordCharacter(char c) {
-        if (c == '\\') {
-            at += at + 1 < text.size() ? 2 : 1;  // the next byte is literal; "\<newline>" joins
-        } else if (c == '\'') {
-            size_t const end = text.find('\'', at + 1);
-            result.complete = end != std::string::npos;
-            at = end + 1;
-        } else if (c == '"') {
-            DoubleQuoted();
         } else if (c == '`') {
-            result.events += '`';
+            events += '`';
             ++at;
-        } else if (c == '$') {
-            Dollar();
-        } else {
-            ++at;
-        }
-    }
-
-    void DoubleQuoted() {
-        for (++at; at < text.size();) {
-            char const c = text[at];
-            if (c == '"') {
-                ++at;
-                return;
-            }
-            if (c == '\\') {
-                bool const escapes = at + 1 < text.size() && std::strchr("$`\"\\\n", text[at + 1]);
-                at += escapes ? 2 : 1;
-            } else if (c == '`') {
-                result.events += '`';
-                ++at;
-            } else if (c == '$') {
-                Dollar();
-            } else {
-                ++at;
-            }
-        }
-        result.complete = false;
-    }
-
-    void Dollar() {
-        char const next = at + 1 < text.size() ? text[at + 1] : '\0';
-        auto const nameChar = [](char n) {
-            return n == '_' || (n >= 'a' && n <= 'z') || (n >= 'A' && n <= 'Z') ||
-                   (n >= '0' && n <= '9');
-        };
-        if (next == '(' || next == '{') {
-            result.events += std::string("$") + next;
+        } else if (c == '$' && (next == '(' || next == '{')) {
+            events += std::string("$") + next;
             at += 2;
-        } else if (next != '\0' && std::strchr("@*#?-$!0123456789", next)) {
-            result.events += '$';
+        } else if (c == '$' && next != '\0' && std::strchr("@*#?-$!0123456789", next)) {
+            events += '$';
             at += 2;
-        } else if (nameChar(next)) {
-            result.events += '$';
+        } else if (c == '$' && nameChar(next)) {
+            events += '$';
             for (++at; at < text.size() && nameChar(text[at]); ++at) {
             }
         } else {
-            ++at;  // a lone dollar is literal
+            // A backslash takes the next byte with it ("\<newline>" joins lines); within double
+            // quotes only where it escapes. A lone dollar is literal.
+            bool const escapes = outside || (next != '\0' && std::strchr("$`\"\\\n", next));
+            at += c == '\\' && next != '\0' && escapes ? 2 : 1;
         }
+        wordStart = separates;
     }
-
-    std::string const text;
-    size_t at = 0;
-    ShellStructure result;
-};
-
-inline ShellStructure ShellStructureOf(std::string const& line) {
-    return ShellLexer(line).Run();
+    return doubleQuoted ? events + " unterminated quote" : events;
 }
 
 }  // namespace Fuzz

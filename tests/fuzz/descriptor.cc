@@ -1,14 +1,9 @@
-// Descriptor files are read from the plug-in directories. A file may be rejected only with the
-// library's own exception, and a file that loads must register (or be refused) the same way
-// every time it is read.
+// A descriptor file may be rejected only with the library's own exception, and a file that loads
+// must register (or be refused) the same way every time it is read.
 #include <unistd.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdio>
+#include <fstream>
 #include <map>
-#include <memory>
-#include <string>
 
 #include "fuzz/FuzzSupport.h"
 #include "tindra/autocli/extension/ExtensionCommand.h"
@@ -20,18 +15,7 @@ namespace {
 
 using namespace Tindra::AutoCli;
 
-std::string const& DescriptorPath() {
-    static std::string const path =
-        "/tmp/tindra-fuzz-descriptor-" + std::to_string(getpid()) + ".xml";
-    return path;
-}
-
-void WriteDescriptor(std::string const& text) {
-    std::FILE* file = std::fopen(DescriptorPath().c_str(), "wb");
-    Fuzz::Require(file != nullptr, "the scratch file can be written", DescriptorPath());
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fclose(file);
-}
+std::string const kPath = "/tmp/tindra-fuzz-descriptor-" + std::to_string(getpid()) + ".xml";
 
 // What a registration holds, as far as the readers filled it in.
 std::string Describe(std::shared_ptr<NamespaceNode> const& node) {
@@ -53,18 +37,17 @@ std::string Describe(std::shared_ptr<NamespaceNode> const& node) {
                 parameter->GetShortName() + parameter->GetDescription(false) +
                 (constraint ? constraint->ToString() : "");
     }
-    auto output = command->GetOutputSpecInternal()->GetRootObject();
     auto input = Tindra::CallSpec::Input::New();
-    return text + " output " + Fuzz::Describe(output) + " execute " +
-           command->SubstituteInput(input, false) + " stdin " +
+    return text + " output " + Fuzz::Describe(command->GetOutputSpecInternal()->GetRootObject()) +
+           " execute " + command->SubstituteInput(input, false) + " stdin " +
            command->SubstituteInput(input, true);
 }
 
 // The registrations the file gives and what registering them twice says, or the message the
 // file is rejected with.
 std::string Load(std::string const& content) {
-    WriteDescriptor(content);
-    auto plugin = XmlPlugin::New(DescriptorPath());
+    std::ofstream(kPath, std::ios::binary) << content;
+    auto plugin = XmlPlugin::New(kPath);
     try {
         plugin->Initialize();
     } catch (Tindra::TindraException const& error) {
@@ -88,15 +71,10 @@ std::string Load(std::string const& content) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    Fuzz::SilenceXmlDiagnostics();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size) {
     std::string const content(reinterpret_cast<char const*>(data), size);
     std::string const loaded = Load(content);
     Fuzz::Require(loaded == Load(content), "reading a file again gives the same", loaded);
-    std::remove(DescriptorPath().c_str());
+    std::remove(kPath.c_str());
     return 0;
 }

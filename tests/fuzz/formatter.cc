@@ -1,15 +1,9 @@
-// Format parameters come from the command line (and from descriptors): printf formats, field
-// lists, widths and headers are user text. Every formatter must turn a small value into text
-// under any of them without a crash, a leak or a foreign exception.
+// Format parameters (printf formats, field lists, widths, headers) are user text: every formatter
+// must format a small value under any of them, or refuse with the library's own exception.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstddef>
-#include <cstdint>
 #include <iterator>
-#include <memory>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "fuzz/FuzzSupport.h"
 #include "tindra/autocli/formatters/CliDispatcherHelpFormatter.h"
@@ -24,17 +18,6 @@ namespace {
 using namespace Tindra::AutoCli;
 using namespace Tindra::MetaObj;
 
-std::vector<std::shared_ptr<Formatter>> const& AllFormatters() {
-    static std::vector<std::shared_ptr<Formatter>> const all = [] {
-        auto plugin = InternalPlugin::New();
-        plugin->Initialize();
-        auto formatters = plugin->GetFormatters();
-        formatters.push_back(std::make_shared<CliDispatcherHelpFormatter>());
-        return formatters;
-    }();
-    return all;
-}
-
 std::shared_ptr<MetaStruct> Row(long a, std::string const& b) {
     auto row = MetaStruct::New("R");
     row->SetField("a", MetaInt::New(a));
@@ -42,8 +25,7 @@ std::shared_ptr<MetaStruct> Row(long a, std::string const& b) {
     return row;
 }
 
-// A structure with a field of every kind, a list of rows, or a bare scalar; the text of the
-// string field is fuzzed too.
+// A structure with a field of every kind, a list of rows, or a bare scalar, holding fuzzed text.
 std::shared_ptr<MetaObject> SmallValue(FuzzedDataProvider& input) {
     std::string const text = input.ConsumeRandomLengthString(64);
     auto rows = MetaList::New(Struct, Row(0, ""));
@@ -77,8 +59,14 @@ char const* const kKeys[] = {"fields:T",   "fields:R",      "fields",       "hea
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size) {
+    static std::vector<std::shared_ptr<Formatter>> const formatters = [] {
+        auto plugin = InternalPlugin::New();
+        plugin->Initialize();
+        auto all = plugin->GetFormatters();
+        all.push_back(std::make_shared<CliDispatcherHelpFormatter>());
+        return all;
+    }();
     FuzzedDataProvider input(data, size);
-    auto const& formatters = AllFormatters();
     Formatter& formatter =
         *formatters[input.ConsumeIntegralInRange<size_t>(0, formatters.size() - 1)];
     DisplayContext display;

@@ -25,9 +25,8 @@ TEST(CreatePipeTest, EndsAreCloseOnExecAndAboveStandardDescriptors) {
     close(savedInput);
     ASSERT_EQ(0, error);
     EXPECT_TRUE(zeroStillFree);
-    for (int fd : {readEnd.Get(), writeEnd.Get()}) {
-        EXPECT_TRUE(fd >= 3 && (fcntl(fd, F_GETFD) & FD_CLOEXEC)) << fd;
-    }
+    EXPECT_TRUE(readEnd.Get() >= 3 && (fcntl(readEnd.Get(), F_GETFD) & FD_CLOEXEC));
+    EXPECT_TRUE(writeEnd.Get() >= 3 && (fcntl(writeEnd.Get(), F_GETFD) & FD_CLOEXEC));
 }
 
 TEST(SpawnTest, ErrorNumbersAndClosedSources) {
