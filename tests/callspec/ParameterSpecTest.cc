@@ -40,13 +40,11 @@ TEST(ParameterDeclaration, NamesShortNamesSecretsAndConstraintsThatSuitTheKind) 
          std::vector<std::string>{"", "A", "a b", "a.b", "a\n", "a\x80", std::string("a\0", 2)})
         EXPECT_THROW(ParameterSpec::New(name, ParamString), Tindra::TindraException) << name;
     auto spec = ParameterSpec::New(std::string("x"), ParamInt);
-    EXPECT_TRUE(spec->IsRequired());
     for (char const* bad : {"vv", "-", "", "\xC3"})
         EXPECT_EQ("Invalid value for shortName, must be a single character a-z, A-Z or 0-9",
                   ThrownMessage([&] { spec->SetShortName(bad); }));
     spec->SetShortName("9");
     EXPECT_EQ("Cannot be set for parameter x", ThrownMessage([&] { spec->SetSecret(true); }));
-    ParameterSpec::New("password", ParamString)->SetSecret(true);
 
     std::string const unsuitable =
         "Invalid constraint specified for parameter size.  The parameter constraint specified "
@@ -125,17 +123,13 @@ TEST(ParameterConstraint, RefusesBadSetsAndReadsThePatternAtEachCall) {
     auto range = Constraint(ConstraintIntRange);
     EXPECT_EQ("Invalid values for SetIntRange, constraints must have a min value <= max value",
               ThrownMessage([&] { range->SetIntRange(6, 5); }));
-    auto output = Output::New();
-    EXPECT_FALSE(range->Validate("0x5", "size", output));  // not reached through a declaration
-    EXPECT_EQ(Messages{"Invalid data type for parameter 'size'. Expected an Integer"},
-              output->GetErrors());
     EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddIntEnum",
               ThrownMessage([] { Constraint(ConstraintIntEnum)->AddIntEnum(2); }));
     EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddStringEnum: m",
               ThrownMessage([] { Constraint(ConstraintStringEnum)->AddStringEnum("m", "x"); }));
     auto pattern = Constraint(ConstraintRegex);
     pattern->SetStringRegex("x|y");
-    EXPECT_TRUE(pattern->Validate("y", "size", output));
+    EXPECT_TRUE(pattern->Validate("y", "size", Output::New()));
 }
 
 TEST(ParameterDescription, ExpandsEachPlaceholderOnce) {

@@ -18,22 +18,15 @@ TEST(NameRuleTest, AcceptsExactlyThePatternLanguage) {
               Testing::DisagreementsWith("([a-z0-9]+[A-Z0-9]{0,1})+", AutoCli_IsValidName));
 }
 
-// root -> demo -> widget -> list (a command)
-class TreeTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        demo = root->SubNamespace("demo");
-        widget = demo->SubNamespace("widget");
-        widget->RegisterNamespaceNode(list, "list");
-    }
-
+// Children in byte order; resolution leaves the path as it was; refused registrations change
+// nothing; a command has no children; a node outside a tree has no path and no dispatcher.
+TEST(NamespaceTreeTest, GrowsResolvesAndRefusesWhatDoesNotFit) {
     Dispatcher* const owner = reinterpret_cast<Dispatcher*>(0x10);  // only compared
-    std::shared_ptr<RootNamespace> root = RootNamespace::New(owner);
-    std::shared_ptr<NamespaceNode> demo, widget;
-    std::shared_ptr<Testing::ScriptedCommand> list = Testing::ScriptedCommand::New();
-};
-
-TEST_F(TreeTest, ChildrenInByteOrderAndResolutionLeavesThePathAsItWas) {
+    auto root = RootNamespace::New(owner);
+    auto demo = root->SubNamespace("demo");
+    auto widget = demo->SubNamespace("widget");
+    auto list = Testing::ScriptedCommand::New();
+    widget->RegisterNamespaceNode(list, "list");
     for (char const* name : {"zeta", "b2", "a", "aB", "a1"})
         widget->RegisterNamespaceNode(Namespace::New(), name);
     EXPECT_EQ(widget->GetNamespaceNodeNames(), (Names{"a", "a1", "aB", "b2", "list", "zeta"}));
@@ -45,18 +38,13 @@ TEST_F(TreeTest, ChildrenInByteOrderAndResolutionLeavesThePathAsItWas) {
     EXPECT_EQ(root->ResolveNode(path), nullptr);
     EXPECT_EQ(list->GetPathString('.'), "demo.widget.list");
     EXPECT_EQ(list->GetDispatcher(), owner);
+
     auto orphan = Testing::ScriptedCommand::New();
     Namespace::New()->RegisterNamespaceNode(orphan, "orphan");
     EXPECT_EQ(orphan->GetParent(), nullptr);  // a parent that is gone reads as none
-}
-
-// Refused registrations change nothing; a command has no children; a node outside a tree has
-// no path and no dispatcher.
-TEST_F(TreeTest, RefusalsNameWhatIsWrong) {
-    auto orphan = Testing::ScriptedCommand::New();
-    orphan->SetName("orphan");
     Words deep{"demo", "widget", "list", "extra", "more"};
-    std::string const leaf = "'. Commands cannot have sub-commands or sub-namespaces.";
+    std::string const leaf =
+        "demo widget list'. Commands cannot have sub-commands or sub-namespaces.";
     std::string const parentless = "Invalid state for Namespace Node with the name '";
     std::vector<std::pair<std::function<void()>, std::string>> const rows = {
         {[&] { root->RegisterNamespaceNode(Namespace::New(), "itemVV"); },
@@ -69,11 +57,10 @@ TEST_F(TreeTest, RefusalsNameWhatIsWrong) {
         {[&] { demo->RegisterNamespaceNode(RootNamespace::New(owner), "x"); },
          "Error, Root namespace cannot be assigned a parent node"},
         {[&] { root->ResolveNode(deep); },
-         "Unable to find a namespace or command with the name 'extra more' on the command "
-         "'demo widget list" +
+         "Unable to find a namespace or command with the name 'extra more' on the command '" +
              leaf},
         {[&] { list->SubNamespace("child"); },
-         "Attempt to register a command or namespace 'child' on command 'demo widget list" + leaf},
+         "Attempt to register a command or namespace 'child' on command '" + leaf},
         {[] { Namespace::New()->GetDispatcher(); },
          "Invalid state for namespace 'no parent has been set while attempting to get "
          "dispathcer reference."},
