@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <tuple>
 
 #include "support/ThrownMessage.h"
 #include "tindra/callspec/ParameterSpec.h"
@@ -11,67 +12,50 @@ namespace {
 
 using Messages = std::vector<std::string>;
 
-Messages Check(ParameterSpec const& spec, Messages const& values, bool expected) {
-    auto output = Output::New();
-    EXPECT_EQ(expected, spec.Validate(values, output));
-    return output->GetErrors();
-}
-
+// Every kind's settings at once, as each kind reads only its own: 5-5, [1, 2], [z, a, m], [0-9]+.
 std::shared_ptr<ParameterConstraint> Constraint(ParameterConstraintType kind) {
     auto constraint = ParameterConstraint::New(kind);
-    if (kind == ConstraintStringEnum) {
-        constraint->AddStringEnum("z", "last");
-        constraint->AddStringEnum("a", "first");
-        constraint->AddStringEnum("m");
-    } else if (kind == ConstraintIntRange) {
-        constraint->SetIntRange(1, 100);
-    }
+    constraint->SetIntRange(5, 5);
+    constraint->AddIntEnum(1);
+    constraint->AddIntEnum(2);
+    constraint->AddStringEnum("z", "last");
+    constraint->AddStringEnum("a", "first");
+    constraint->AddStringEnum("m");
+    constraint->SetStringRegex("[0-9]+");
     return constraint;
+}
+
+std::shared_ptr<ParameterSpec> Spec(ParameterType type, ParameterConstraintType kind) {
+    auto spec = ParameterSpec::New("size", type);
+    spec->SetConstraint(kind == ConstraintNone ? nullptr : Constraint(kind));
+    return spec;
 }
 
 }  // namespace
 
-TEST(ParameterDeclaration, NamesShortNamesAndSecrets) {
-    EXPECT_EQ(
-        "Invalid Parameter name 'my_name' parameter names can only contain lower-case "
-        "alphanumeric characters, numbers and '-'",
-        ThrownMessage([] { ParameterSpec::New("my_name", ParamString); }));
-    // Names are [a-z0-9-]+ as a whole.
-    for (char const* name : {"a", "-", "9", "x-1-"}) {
+TEST(ParameterDeclaration, NamesShortNamesSecretsAndConstraintsThatSuitTheKind) {
+    for (char const* name : {"a", "-", "9", "x-1-"})  // [a-z0-9-]+ as a whole
         EXPECT_NO_THROW(ParameterSpec::New(name, ParamString)) << name;
-    }
     for (std::string const& name :
-         std::vector<std::string>{"", "A", "a b", "a.b", "a\n", "a\x80", std::string("a\0", 2)}) {
-        EXPECT_ANY_THROW(ParameterSpec::New(name, ParamString)) << name;
-    }
-    auto spec = ParameterSpec::New(std::string("x"), ParamFlag);
-    EXPECT_TRUE(spec->IsRequired());
-    for (char const* bad : {"vv", "-", "", "\xC3"}) {
+         std::vector<std::string>{"", "A", "a b", "a.b", "a\n", "a\x80", std::string("a\0", 2)})
+        EXPECT_THROW(ParameterSpec::New(name, ParamString), Tindra::TindraException) << name;
+    auto spec = ParameterSpec::New(std::string("x"), ParamInt);
+    for (char const* bad : {"vv", "-", "", "\xC3"})
         EXPECT_EQ("Invalid value for shortName, must be a single character a-z, A-Z or 0-9",
                   ThrownMessage([&] { spec->SetShortName(bad); }));
-    }
     spec->SetShortName("9");
-    EXPECT_EQ("Cannot be set for parameter count",
-              ThrownMessage([] { ParameterSpec::New("count", ParamInt)->SetSecret(true); }));
-    ParameterSpec::New("password", ParamString)->SetSecret(true);
-}
+    EXPECT_EQ("Cannot be set for parameter x", ThrownMessage([&] { spec->SetSecret(true); }));
 
-TEST(ParameterDeclaration, ConstraintMustSuitTheKind) {
-    auto const refused = [](ParameterType type, ParameterConstraintType kind) {
-        auto spec = ParameterSpec::New("value", type);
-        return ThrownMessage([&] { spec->SetConstraint(Constraint(kind)); });
-    };
-    std::string const message =
-        "Invalid constraint specified for parameter value.  The parameter constraint specified "
+    std::string const unsuitable =
+        "Invalid constraint specified for parameter size.  The parameter constraint specified "
         "is not allowed for a parameter of this type.";
-    EXPECT_EQ(message, refused(ParamInt, ConstraintStringEnum));
-    EXPECT_EQ(message, refused(ParamStringList, ConstraintNone));
-    EXPECT_EQ("<nothing thrown>", refused(ParamStringList, ConstraintRegex));
+    EXPECT_EQ(unsuitable, ThrownMessage([] { Spec(ParamInt, ConstraintStringEnum); }));
+    EXPECT_EQ(unsuitable, ThrownMessage([] { Spec(ParamIntList, ConstraintRegex); }));
+    EXPECT_EQ("<nothing thrown>", ThrownMessage([] { Spec(ParamStringList, ConstraintRegex); }));
     // A refused or empty constraint keeps the one set before.
-    auto spec = ParameterSpec::New("value", ParamInt);
-    auto const range = Constraint(ConstraintIntRange);
-    spec->SetConstraint(range);
-    EXPECT_ANY_THROW(spec->SetConstraint(Constraint(ConstraintStringEnum)));
+    spec = Spec(ParamInt, ConstraintIntRange);
+    auto const range = spec->GetConstraint();
+    EXPECT_ANY_THROW(spec->SetConstraint(ParameterConstraint::New(ConstraintNone)));
     spec->SetConstraint(nullptr);
     EXPECT_EQ(range, spec->GetConstraint());
 }
@@ -82,55 +66,74 @@ TEST(ParameterConversion, IntegersFollowDecimalStrtollAndBooleansExactSpellings)
     EXPECT_TRUE(ParameterSpec::GetInt("  -12", number) && number == -12);
     EXPECT_TRUE(ParameterSpec::GetInt("99999999999999999999", number) && number == LONG_MAX);
     number = 77;
-    for (char const* bad : {"12 ", "0x10", "1e3", "-", " ", "twelve"}) {
+    for (std::string const& bad : std::vector<std::string>{"12 ", "0x10", "1e3", "-", " ", "twelve",
+                                                           std::string("12\0003", 4)})
         EXPECT_FALSE(ParameterSpec::GetInt(bad, number)) << bad;
-    }
-    EXPECT_FALSE(ParameterSpec::GetInt(std::string("12\0003", 4), number));
     EXPECT_EQ(77, number);
-
-    auto const check = [](char const* word, bool valid, bool expected) {
-        bool value = valid ? !expected : expected;
-        EXPECT_EQ(valid, ParameterSpec::GetBool(word, value)) << word;
-        EXPECT_EQ(expected, value) << word;
-    };
-    for (char const* yes : {"1", "yes", "y", "true", "True", "t", "T"}) {
-        check(yes, true, true);
+    std::string readings;  // T or F as read, - where the word is refused and the value kept
+    for (char const* word : {"1", "yes", "y", "true", "True", "t", "T", "0", "no", "n", "false",
+                             "False", "f", "F", "TRUE", "Yes", "", "on", "2"}) {
+        bool fromFalse = false, fromTrue = true;
+        bool const known = ParameterSpec::GetBool(word, fromFalse);
+        EXPECT_EQ(known, ParameterSpec::GetBool(word, fromTrue)) << word;
+        readings += fromFalse != fromTrue ? '-' : fromTrue ? 'T' : 'F';
     }
-    for (char const* no : {"0", "no", "n", "false", "False", "f", "F"}) {
-        check(no, true, false);
-    }
-    for (char const* bad : {"TRUE", "Yes", "", "on", "2"}) {
-        check(bad, false, true);  // left unchanged
-    }
+    EXPECT_EQ(readings, "TTTTTTTFFFFFFF-----");
 }
 
-TEST(ParameterValidate, KindAndConstraintMessagesInValueOrder) {
-    auto spec = ParameterSpec::New("size", ParamInt);
-    EXPECT_EQ((Messages{"Found multiple values for size this parameter can only accept a single "
-                        "value.",
-                        "Invalid data 'x' for parameter size expected type Integer"}),
-              Check(*spec, {"1", "x"}, false));
-    EXPECT_EQ(Messages{"Missing value for parameter size"}, Check(*spec, {}, false));
-    EXPECT_EQ(Messages{"Invalid data 'TRUE' for parameter on expected one of [1, 0, y, n, true, "
-                       "false, True, False, yes, no, t, f, T, F]"},
-              Check(*ParameterSpec::New("on", ParamBoolList), {"y", "TRUE"}, false));
-    auto flag = ParameterSpec::New("all", ParamFlag);
-    EXPECT_EQ(Messages{"Invalid data '1' for parameter all.  This parameter is a flag and cannot "
-                       "accept any values. "},
-              Check(*flag, {"1"}, false));
-    EXPECT_EQ(Messages{}, Check(*flag, {""}, true));
+// Conversion first, then the constraint on the values that converted; messages in value order.
+TEST(ParameterValidate, KindAndConstraintMessages) {
+    std::vector<std::tuple<ParameterType, ParameterConstraintType, Messages>> const rows = {
+        {ParamInt, ConstraintNone, {"1", "x"}},
+        {ParamInt, ConstraintNone, {}},
+        {ParamBoolList, ConstraintNone, {"y", "TRUE"}},
+        {ParamFlag, ConstraintNone, {"1"}},
+        {ParamFlag, ConstraintNone, {""}},
+        {ParamIntList, ConstraintIntRange, {"http", "6", " +5", "4"}},
+        {ParamInt, ConstraintIntEnum, {"3"}},
+        {ParamIntList, ConstraintIntEnum, {"2", "1"}},
+        {ParamString, ConstraintStringEnum, {"A"}},
+        {ParamStringList, ConstraintStringEnum, {"a", "m"}},
+        {ParamString, ConstraintRegex, {"12a"}},
+        {ParamStringList, ConstraintRegex, {"12", "0"}},
+    };
+    std::string verdicts;
+    auto output = Output::New();
+    for (auto const& [type, kind, values] : rows)
+        verdicts += Spec(type, kind)->Validate(values, output) ? '+' : '-';
+    EXPECT_EQ(verdicts, "----+--+-+-+");
+    std::string const constraint = "Invalid data constraint for parameter 'size'. ";
+    std::string const range = constraint + "Expected integer in the range 5-5";
+    EXPECT_EQ(
+        output->GetErrors(),
+        (Messages{"Found multiple values for size this parameter can only accept a single value.",
+                  "Invalid data 'x' for parameter size expected type Integer",
+                  "Missing value for parameter size",
+                  "Invalid data 'TRUE' for parameter size expected one of [1, 0, y, n, true, "
+                  "false, True, False, yes, no, t, f, T, F]",
+                  "Invalid data '1' for parameter size.  This parameter is a flag and cannot "
+                  "accept any values. ",
+                  "Invalid data 'http' for parameter size expected type Integer", range, range,
+                  constraint + "Expected a single value from the set  [1, 2]",
+                  constraint + "Expected a single value from the set  [z, a, m] got 'A'",
+                  constraint + "Value does not match the expected regular expression ([0-9]+)"}));
+}
 
-    // The constraint sees only the values that converted.
-    auto ports = ParameterSpec::New("port", ParamIntList);
-    ports->SetConstraint(Constraint(ConstraintIntRange));
-    EXPECT_EQ((Messages{"Invalid data 'http' for parameter port expected type Integer",
-                        "Invalid data constraint for parameter 'port'. Expected integer in the "
-                        "range 1-100"}),
-              Check(*ports, {"http", "200", "80"}, false));
+TEST(ParameterConstraint, RefusesBadSetsAndReadsThePatternAtEachCall) {
+    auto range = Constraint(ConstraintIntRange);
+    EXPECT_EQ("Invalid values for SetIntRange, constraints must have a min value <= max value",
+              ThrownMessage([&] { range->SetIntRange(6, 5); }));
+    EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddIntEnum",
+              ThrownMessage([] { Constraint(ConstraintIntEnum)->AddIntEnum(2); }));
+    EXPECT_EQ("Duplicate Value found in ParameterConstraint::AddStringEnum: m",
+              ThrownMessage([] { Constraint(ConstraintStringEnum)->AddStringEnum("m", "x"); }));
+    auto pattern = Constraint(ConstraintRegex);
+    pattern->SetStringRegex("x|y");
+    EXPECT_TRUE(pattern->Validate("y", "size", Output::New()));
 }
 
 TEST(ParameterDescription, ExpandsEachPlaceholderOnce) {
-    auto spec = ParameterSpec::New("mode", ParamString);
+    auto spec = Spec(ParamString, ConstraintNone);
     spec->SetDescription("One of%ENUM%, again %ENUM%.");
     EXPECT_EQ("One of%ENUM%, again %ENUM%.", spec->GetDescription(true));
     spec->SetConstraint(Constraint(ConstraintStringEnum));
@@ -138,12 +141,9 @@ TEST(ParameterDescription, ExpandsEachPlaceholderOnce) {
     EXPECT_EQ("One of [z, a, m], again %ENUM%.", spec->GetDescription(true));
     spec->SetDescription("Mode:%FULLENUM%");
     EXPECT_EQ("Mode:\n    a: first\n    z: last\n", spec->GetDescription(true));
-
     // For other kinds the full list is only a line break.
-    auto id = ParameterSpec::New("id", ParamString);
-    auto pattern = ParameterConstraint::New(ConstraintRegex);
-    pattern->SetStringRegex("[a-f]+");
-    id->SetConstraint(pattern);
-    id->SetDescription("Hex %REGEX%%FULLENUM%end");
-    EXPECT_EQ("Hex a string matching the regular expression [a-f]+\nend", id->GetDescription(true));
+    spec->SetConstraint(Constraint(ConstraintRegex));
+    spec->SetDescription("Id %REGEX%%FULLENUM%end");
+    EXPECT_EQ("Id a string matching the regular expression [0-9]+\nend",
+              spec->GetDescription(true));
 }

@@ -2,49 +2,45 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <functional>
 #include <sstream>
+#include <stdexcept>
 
 #include "support/ChildProcess.h"
 #include "support/ThrownMessage.h"
-#include "support/tree/CerrCapture.h"
 #include "support/tree/ScriptedCommand.h"
 #include "support/tree/TempDirectory.h"
 #include "tindra/autocli/plugins/InternalPlugin.h"
 #include "tindra/autocli/tree/Dispatcher.h"
+#include "tindra/metaobj/MetaInt.h"
 
 namespace Tindra::AutoCli {
 namespace {
 
+using CallSpec::Input;
+using CallSpec::Output;
 using Names = std::vector<std::string>;
 
-// Writes its own name, so a test can see which formatter ran.
+// Writes its own name, so a test can see which formatter ran; the one named boom throws.
 struct NamedFormatter : Formatter {
     explicit NamedFormatter(std::string const& name) : Formatter(name) {}
-    bool Format(std::shared_ptr<CallSpec::Output>, FormatParameters&, DisplayContext&,
+    bool Format(std::shared_ptr<Output>, FormatParameters&, DisplayContext&,
                 std::ostream& out) override {
+        if (GetName() == "boom")
+            throw std::length_error("field too wide");
         out << "formatted by " << GetName();
         return false;
     }
 };
 
-// A plug-in with its own name, formatters and registration; the built-in formatter look-up.
-class FakePlugin : public InternalPlugin {
-public:
-    using Registration = std::function<void(std::shared_ptr<Namespace>)>;
-    FakePlugin(
-        std::string name, Names const& formatterNames,
-        Registration registration = [](std::shared_ptr<Namespace>) {})
-        : name(std::move(name)), registration(std::move(registration)) {
-        for (auto const& formatterName : formatterNames)
-            GetFormatters().push_back(std::make_shared<NamedFormatter>(formatterName));
+// A plug-in with its own name and formatters.
+struct FakePlugin : InternalPlugin {
+    FakePlugin(std::string name, Names const& formatters) : name(std::move(name)) {
+        for (auto const& formatter : formatters)
+            GetFormatters().push_back(std::make_shared<NamedFormatter>(formatter));
     }
     std::string const& GetName() const override { return name; }
-    void RegisterNamespaces(std::shared_ptr<Namespace> root) override { registration(root); }
-
-private:
+    void RegisterNamespaces(std::shared_ptr<Namespace>) override {}
     std::string name;
-    Registration registration;
 };
 
 class DispatcherTest : public ::testing::Test {
@@ -54,84 +50,130 @@ protected:
         command->SetDefaultOutputFormatter("simple");
     }
 
-    Names Errors(std::list<std::string> const& path, bool execute = false,
-                 std::string const& parameter = "") {
-        auto input = CommandInput::New();
+    // Runs a command line; the errors say why it did not.
+    Names Errors(std::list<std::string> const& path = {"demo", "show"},
+                 char const* parameter = nullptr) {
+        input = CommandInput::New();
+        input->SetDispatcher("ostrel");
         input->SetCommandPath(path);
-        if (!parameter.empty()) {
+        if (parameter)
             input->AddParameter(parameter, "1");
-        }
-        auto output = CommandOutput::New();
-        bool found = execute ? dispatcher.ExecuteCommand(input, output)
-                             : dispatcher.GetCommand(input, output) == command;
-        EXPECT_EQ(found, output->GetErrors().empty());
+        output = CommandOutput::New();
+        bool const ran = dispatcher.ExecuteCommand(input, output);
+        EXPECT_EQ(ran, output->GetErrors().empty());
         return output->GetErrors();
     }
 
     Dispatcher dispatcher;
     std::shared_ptr<Testing::ScriptedCommand> command = Testing::ScriptedCommand::New();
+    std::shared_ptr<CommandInput> input;
+    std::shared_ptr<CommandOutput> output = CommandOutput::New();
 };
 
-TEST_F(DispatcherTest, FormatterClashRefusesThePluginAndOtherFailuresPassThrough) {
+TEST_F(DispatcherTest, PluginsAddFormattersUnlessOneClashesAndFormattersFailAsMessages) {
     auto clash = std::make_shared<FakePlugin>("second", Names{"aaa", "table"});
     EXPECT_EQ(ThrownMessage([&] { dispatcher.RegisterPlugin(clash); }),
               "Error while trying to register the plugin second  this plugin has a formatter "
               "table that was already registered from the plugin Internal  The functionality in "
               "second will not be available until this issue is resolved.");
     EXPECT_FALSE(dispatcher.HasFormatter("aaa"));
-    EXPECT_NE(dispatcher.GetFormatter("table"), clash->GetFormatter("table"));
-    EXPECT_EQ(dispatcher.GetPluginNames(), Names{"Internal"});
-    auto odd =
-        std::make_shared<FakePlugin>("odd", Names{}, [](auto) { throw std::logic_error(""); });
-    EXPECT_THROW(dispatcher.RegisterPlugin(odd), std::logic_error);
-}
-
-TEST_F(DispatcherTest, FormattersAreListedByNameAndChosenByIt) {
-    dispatcher.RegisterPlugin(std::make_shared<FakePlugin>("extra", Names{"zulu", "alpha"}));
-    Names names;
-    for (auto const& formatter : dispatcher.GetFormatters()) {
-        names.push_back(formatter->GetName());
-    }
-    EXPECT_EQ(names,
-              (Names{"alpha", "commandhelp", "json", "python", "simple", "table", "xml", "zulu"}));
+    dispatcher.RegisterPlugin(std::make_shared<FakePlugin>("extra", Names{"zulu", "boom"}));
     EXPECT_EQ(dispatcher.GetPluginNames(), (Names{"Internal", "extra"}));
+    Names names;
+    for (auto const& formatter : dispatcher.GetFormatters())
+        names.push_back(formatter->GetName());
+    EXPECT_EQ(names,
+              (Names{"boom", "commandhelp", "json", "python", "simple", "table", "xml", "zulu"}));
+    FormatParameters parameters;
     DisplayContext context;
     std::ostringstream stream;
-    FormatParameters parameters;
-    parameters.SetFormatter("zulu");
-    EXPECT_TRUE(dispatcher.FormatOutput(CommandOutput::New(), parameters, context, stream));
-    EXPECT_EQ(stream.str(), "formatted by zulu");
+    std::string verdicts;
+    for (char const* name : {"zulu", "boom"}) {
+        parameters.SetFormatter(name);
+        verdicts += dispatcher.FormatOutput(output, parameters, context, stream) ? '+' : '-';
+    }
+    EXPECT_EQ(verdicts + stream.str(), "+-formatted by zulu");
+    EXPECT_EQ(output->GetErrors(),
+              Names{"Unable to format the output with the formatter boom: field too wide"});
 }
 
+// The help flag is added after the declaration is kept: a clash with it fails the first run only.
 TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRun) {
-    EXPECT_EQ(Errors({"demo", "show"}), Names{});
+    auto hint = CallSpec::ParameterSpec::New("hint", CallSpec::ParamString);
+    hint->SetShortName("h");
+    hint->SetRequired(false);
+    command->declaredInput->AddParameter(hint);
+    EXPECT_EQ(Errors().size(), 1u);
     EXPECT_EQ(Errors({}), Names{"Unable to find command"});
     EXPECT_EQ(Errors({"demo", "nosuch"}),
               (Names{"Unable to find a command or namespace with the name 'nosuch' in namespace "
                      "demo",
                      "Unable to find command"}));
-    EXPECT_EQ(Errors({"demo"}, true), Names{"Path refers to a namespace, not a command."});
-    EXPECT_EQ(Errors({"demo", "show"}, true, "nosuch"), Names{"Unknown parameter : nosuch"});
+    EXPECT_EQ(Errors({"demo"}), Names{"Path refers to a namespace, not a command."});
+    EXPECT_EQ(Errors({"demo", "show"}, "nosuch").size(), 1u);
     EXPECT_EQ(command->executions, 0);
-    EXPECT_EQ(Errors({"demo", "show"}, true, "h"), Names{});  // short name folded: help
-    EXPECT_EQ(Errors({"demo", "show"}, true), Names{});
+    EXPECT_EQ(Errors(), Names{});
     EXPECT_EQ(command->executions, 1);
-
-    auto input = CommandInput::New();
-    auto output = CommandOutput::New();
-    input->SetCommandPath({"demo", "show"});
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "simple");
     input->SetCommandPath({});
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "");
+}
+
+// Whatever a command throws ends as one message, never as an exception; a result that does not
+// fit the declared one is the command's fault and named so.
+TEST_F(DispatcherTest, FailuresOfCommandsBecomeErrors) {
+    command->action = [](Input&, Output&) { throw 42; };
+    EXPECT_EQ(Errors(), Names{"Error on command demo show : an exception of unknown type"});
+    command->action = [](Input&, Output& out) {
+        out.SetRootObject(MetaObj::MetaInt::New(3));
+        out.AddErrorMessage("busy");
+    };
+    EXPECT_EQ(Errors(), Names{"busy"});  // an output with errors is not validated
+    command->action = [](Input&, Output& out) { out.SetRootObject(MetaObj::MetaInt::New(3)); };
+    auto const errors = Errors();
+    ASSERT_GT(errors.size(), 1u);  // the template's own complaints come first
+    EXPECT_EQ(errors.back(),
+              "Implementation error! The output of this command does not match the declared "
+              "output type, see errors above.");
+    command->action = [](Input&, Output&) { throw std::runtime_error("boom"); };
+    command->Execute(Input::New(), output = CommandOutput::New());  // no command line: its name
+    EXPECT_EQ(output->GetErrors(), Names{"Error on command show : boom"});
+}
+
+TEST_F(DispatcherTest, HelpIsAnsweredWithoutRunningOrValidating) {
+    command->declaredOutput = MetaObj::MetaInt::New(0);
+    command->SetDescription("Lists.");
+    command->AddExample("--all", "List all items");
+    auto password = CallSpec::ParameterSpec::New("password", CallSpec::ParamString);
+    password->SetSecret(true);
+    command->declaredInput->AddParameter(password);
+    EXPECT_EQ(Errors({"demo", "show"}, "h"), Names{});
+    EXPECT_EQ(command->executions, 0);
+    EXPECT_EQ(output->GetOutputType(), Output::Help);
+    auto const example = [](std::string const& syntax) {
+        return "'Example List' => '{'Description' => 'List all items :', 'Syntax' => '" + syntax +
+               "', }', ";
+    };
+    std::string const parameters =
+        "'Param List' => '{'Description' => 'Show the help message.', 'Name' => 'help', "
+        "'Required' => 'false', 'Secret' => 'false', 'Short Name' => 'h', }, {'Description' => "
+        "'', 'Name' => 'password', 'Required' => 'true', 'Secret' => 'true', 'Short Name' => '', "
+        "}', ";
+    EXPECT_EQ(output->GetRootObject()->ToString(),
+              "{'Description' => 'Lists.', 'Dispatcher' => 'ostrel', " +
+                  example("# ostrel demo show --all") + parameters + "'Path' => 'demo show', }");
+    // Without a command line there is no dispatcher or path to name.
+    command->GenerateHelpOutput(Input::New(), output);
+    EXPECT_EQ(output->GetRootObject()->ToString(),
+              "{'Description' => 'Lists.', " + example("#  --all") + parameters + "}");
 }
 
 // A FIFO would block the start forever and a device must not be opened: only regular files
 // are read. The scan runs in a child that an alarm ends should it hang.
 TEST_F(DispatcherTest, DirectoryScanReadsOnlyRegularLowerCaseSoAndXmlFiles) {
     Testing::TempDirectory directory;
-    for (char const* ignored : {"notes.txt", "plugin.so.1", "PLUGIN.XML", ".hidden"}) {
+    for (char const* ignored : {"notes.txt", "plugin.so.1", "PLUGIN.XML", ".hidden"})
         directory.Write(ignored, "not looked at");
-    }
     std::string const base = directory.path + "/";
     ASSERT_EQ(0, mkfifo((base + "a.xml").c_str(), 0600));
     ASSERT_EQ(0, mkfifo((base + "b.so").c_str(), 0600));
@@ -145,44 +187,16 @@ TEST_F(DispatcherTest, DirectoryScanReadsOnlyRegularLowerCaseSoAndXmlFiles) {
     });
     auto refused = [&base](char const* name, char const* kind) {
         std::string const path = base + name;
-        std::string const why = path + " is " + kind + ", not a regular file\n";
         return "Error loading plugin " + path + " skipping.  Error was: " +
                (path.back() == 'o' ? "Unable to load plugin from " + path + " : "
                                    : "Unable to handle XML Plugin " + path +
                                          ".  There was an error while parsing: ") +
-               why;
+               path + " is " + kind + ", not a regular file\n";
     };
     TestSupport::ExpectRun(scan, 0, "1",
                            refused("a.xml", "a FIFO") + refused("b.so", "a FIFO") +
                                refused("c.xml", "a character device") +
                                refused("d.so", "a directory"));
-}
-
-// A command or a formatter throwing anything at all ends as one message on the output, never
-// as an exception. (Constraints that cannot be checked are followed through the tool.)
-TEST_F(DispatcherTest, WhateverACommandOrFormatterThrowsBecomesAnError) {
-    command->action = [](CallSpec::Input&, CallSpec::Output&) { throw 42; };
-    EXPECT_EQ(Errors({"demo", "show"}, true),
-              Names{"Error on command demo show : an exception of unknown type"});
-
-    struct ThrowingFormatter : Formatter {
-        ThrowingFormatter() : Formatter("boom") {}
-        bool Format(std::shared_ptr<CallSpec::Output>, FormatParameters&, DisplayContext&,
-                    std::ostream&) override {
-            throw std::length_error("field too wide");
-        }
-    };
-    auto plugin = std::make_shared<FakePlugin>("broken", Names{});
-    plugin->GetFormatters().push_back(std::make_shared<ThrowingFormatter>());
-    dispatcher.RegisterPlugin(plugin);
-    auto output = CommandOutput::New();
-    FormatParameters parameters;
-    parameters.SetFormatter("boom");
-    DisplayContext context;
-    std::ostringstream stream;
-    EXPECT_FALSE(dispatcher.FormatOutput(output, parameters, context, stream));
-    EXPECT_EQ(output->GetErrors(),
-              Names{"Unable to format the output with the formatter boom: field too wide"});
 }
 
 }  // namespace
