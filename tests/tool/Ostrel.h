@@ -5,13 +5,15 @@
 #include <vector>
 
 #include "support/ChildProcess.h"
+#include "support/DescriptorFiles.h"
 
 namespace CliTest {
 
+using TestSupport::ExpectRun;
 using Words = std::vector<std::string>;
 
 // Runs the built tool as "ostrel" with only its built-in commands (nothing from the
-// installed plug-in directories), standard streams on pipes unless outputFd is given.
+// installed plug-in directories), standard streams on files unless outputFd is given.
 inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& input = "",
                                        Words environment = {}, int outputFd = -1) {
     Words argv = {"ostrel"};
@@ -22,14 +24,25 @@ inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& inp
 
 // "ostrel command list" between dispatcher options and command options.
 inline Words List(Words words, Words const& after = {}) {
-    for (char const* word : {"ostrel", "command", "list"}) {
-        words.push_back(word);
-    }
+    words.insert(words.end(), {"ostrel", "command", "list"});
     words.insert(words.end(), after.begin(), after.end());
     return words;
 }
 
-using TestSupport::ExpectRun;
+// An optional parameter of a descriptor command; inner follows its description.
+inline std::string Parameter(std::string const& name, std::string const& type,
+                             std::string const& inner = "", std::string const& attributes = "") {
+    return "<parameter name=\"" + name + "\" type=\"" + type + "\" required=\"false\"" +
+           attributes + "><description>d</description>" + inner + "</parameter>";
+}
+
+// A descriptor of namespace "demo" holding the command elements, written among the files.
+inline std::string DemoPlugin(DescriptorTest::DescriptorFiles const& files, std::string const& name,
+                              std::string const& commands) {
+    return files.Write(name, DescriptorTest::Descriptor(
+                                 "<namespaces>" + DescriptorTest::NamespaceElement("demo", "Demo") +
+                                 "</namespaces><commands>" + commands + "</commands>"));
+}
 
 // What the command list prints for the built-in command alone: unwrapped and at width 40.
 std::string const kCommandTable =
