@@ -6,7 +6,6 @@
 #include <errno.h>
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -59,49 +58,39 @@ inline int WaitForChild(pid_t pid) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-inline OwnedFd MemoryFile(std::string const& text) {
-    OwnedFd file(memfd_create("child-stream", MFD_CLOEXEC));
-    if (file.Get() < 0 ||
-        write(file.Get(), text.data(), text.size()) != static_cast<ssize_t>(text.size()) ||
-        lseek(file.Get(), 0, SEEK_SET) != 0)
-        throw std::runtime_error("memfd failed");
-    return file;
-}
-
-inline std::string ReadFrom(OwnedFd const& file) {
-    std::string text;
-    char buffer[65536];
-    for (ssize_t n;
-         (n = pread(file.Get(), buffer, sizeof buffer, static_cast<off_t>(text.size()))) > 0;)
-        text.append(buffer, static_cast<size_t>(n));
-    return text;
-}
-
 // Runs body in a forked child, which exits 0 afterwards. A minute of processor time ends it, so
 // a child that spins fails its test instead of stalling the suite.
 inline ChildResult RunInChild(std::function<void()> const& body, std::string const& input = "") {
     signal(SIGPIPE, SIG_IGN);  // inherited: a reader that left shows as EPIPE
-    OwnedFd const streams[3] = {MemoryFile(input), MemoryFile(""), MemoryFile("")};
+    OwnedFd const files[3] = {OwnedFd(memfd_create("in", MFD_CLOEXEC)),
+                              OwnedFd(memfd_create("out", MFD_CLOEXEC)),
+                              OwnedFd(memfd_create("err", MFD_CLOEXEC))};
+    if (files[2].Get() < 0 || pwrite(files[0].Get(), input.data(), input.size(), 0) < 0)
+        throw std::runtime_error("memfd failed");
     std::cout.flush();
     std::cerr.flush();
     pid_t const pid = fork();
-    if (pid < 0)
-        throw std::runtime_error("fork failed");
     if (pid == 0) {
         rlimit const cpu = {60, 60};
         setrlimit(RLIMIT_CPU, &cpu);
         for (int fd : {0, 1, 2})
-            dup2(streams[fd].Get(), fd);
+            dup2(files[fd].Get(), fd);
         body();
         std::cout.flush();
         std::cerr.flush();
         _exit(0);
     }
-    ChildResult result;
-    result.status = WaitForChild(pid);
-    result.out = ReadFrom(streams[1]);
-    result.err = ReadFrom(streams[2]);
-    return result;
+    if (pid < 0)
+        throw std::runtime_error("fork failed");
+    int const status = WaitForChild(pid);
+    auto readAll = [](OwnedFd const& file) {
+        std::string text;
+        char buffer[65536];
+        for (ssize_t n; (n = pread(file.Get(), buffer, sizeof buffer, off_t(text.size()))) > 0;)
+            text.append(buffer, size_t(n));
+        return text;
+    };
+    return {readAll(files[1]), readAll(files[2]), status};
 }
 
 // For outputFd: the program starts with its standard output closed.
@@ -109,18 +98,18 @@ constexpr int kClosedOutput = -2;
 
 // Starts a program (argv[0] included) with NAME=value entries replacing inherited ones (a bare
 // NAME removes one, as glibc's putenv does); with outputFd given, standard output goes there.
-inline ChildResult RunProgram(std::string const& path, std::vector<std::string> const& argv,
+inline ChildResult RunProgram(std::string const& path, std::vector<std::string> argv,
                               std::string const& input = "",
-                              std::vector<std::string> const& environment = {}, int outputFd = -1) {
+                              std::vector<std::string> environment = {}, int outputFd = -1) {
     return RunInChild(
         [&] {
             if (outputFd != -1 && (outputFd == kClosedOutput ? close(1) : dup2(outputFd, 1)) < 0)
                 _exit(126);
-            for (auto const& entry : environment)
-                putenv(const_cast<char*>(entry.c_str()));
+            for (auto& entry : environment)
+                putenv(entry.data());
             std::vector<char*> args;
-            for (auto const& word : argv)
-                args.push_back(const_cast<char*>(word.c_str()));
+            for (auto& word : argv)
+                args.push_back(word.data());
             args.push_back(nullptr);
             execv(path.c_str(), args.data());
             std::cerr << "cannot run " << path << "\n";

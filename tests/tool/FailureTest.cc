@@ -67,11 +67,12 @@ TEST(FailureTest, LostOutputIsReportedOnceUnlessTheReaderLeft) {
 // A regular expression from a descriptor that does not compile, or that the matcher gives up
 // on, fails its own line only.
 TEST(FailureTest, ARegularExpressionThatCannotBeCheckedFailsItsLineOnly) {
-    DescriptorTest::DescriptorFiles files;
-    DescriptorTest::CommandParts parts;
+    DescriptorFiles files;
+    CommandParts parts;
     auto regex = [](std::string const& name, std::string const& pattern) {
-        return Parameter(name, "string",
-                         "<constraint type=\"regex\"><regex>" + pattern + "</regex></constraint>");
+        return OptionalParameter(
+            name, "string",
+            "<constraint type=\"regex\"><regex>" + pattern + "</regex></constraint>");
     };
     parts.inputSpec =
         "<input-spec>" + regex("broken", "([a-z") + regex("greedy", "(a*)*b") + "</input-spec>";

@@ -38,7 +38,7 @@ TEST(InputStreamTest, StreamRows) {
     for (auto const& row : rows)
         ExpectRun(Ostrel({"--input", "STDIN"}, row.lines), row.status, row.out, row.err);
 
-    DescriptorTest::DescriptorFiles directory;
+    DescriptorFiles directory;
     ExpectRun(Ostrel({"--input", directory.Write("lines", rows[1].lines)}), 0, kCommandTable,
               rows[1].err);
 }

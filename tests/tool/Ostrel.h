@@ -9,6 +9,7 @@
 
 namespace CliTest {
 
+using namespace DescriptorTest;
 using TestSupport::ExpectRun;
 using Words = std::vector<std::string>;
 
@@ -27,21 +28,6 @@ inline Words List(Words words, Words const& after = {}) {
     words.insert(words.end(), {"ostrel", "command", "list"});
     words.insert(words.end(), after.begin(), after.end());
     return words;
-}
-
-// An optional parameter of a descriptor command; inner follows its description.
-inline std::string Parameter(std::string const& name, std::string const& type,
-                             std::string const& inner = "", std::string const& attributes = "") {
-    return "<parameter name=\"" + name + "\" type=\"" + type + "\" required=\"false\"" +
-           attributes + "><description>d</description>" + inner + "</parameter>";
-}
-
-// A descriptor of namespace "demo" holding the command elements, written among the files.
-inline std::string DemoPlugin(DescriptorTest::DescriptorFiles const& files, std::string const& name,
-                              std::string const& commands) {
-    return files.Write(name, DescriptorTest::Descriptor(
-                                 "<namespaces>" + DescriptorTest::NamespaceElement("demo", "Demo") +
-                                 "</namespaces><commands>" + commands + "</commands>"));
 }
 
 // What the command list prints for the built-in command alone: unwrapped and at width 40.

@@ -72,25 +72,14 @@ TEST(OutputTest, CommandHelpInAnyFormat) {
     EXPECT_EQ(std::string::npos, run.out.find("Usage: ")) << run.out;
 }
 
-// A namespace lists its wrapped children and fails; an unknown option is reported after it.
+// A namespace lists its children and fails, an unknown option reported after the listing (whose
+// layout the help formatter's tests pin); help prints the usage alone.
 TEST(OutputTest, NamespaceListingsAndUsageNameTheToolAsInvoked) {
-    auto listing = [](std::string const& path, std::string const& namespaces,
-                      std::string const& commands) {
-        return "Usage: ostrel [disp options] " + path +
-               "<namespaces> <command>\n\nFor help please run ostrel --help\n\n"
-               "Available Namespaces: \n\n" +
-               namespaces + "\nAvailable Commands: \n\n" + commands + "\n";
-    };
-    ExpectRun(Ostrel({}), 1,
-              listing("",
-                      "ostrel  Commands that operate on the ostrel system itself allowing users "
-                      "to get additional information.\n",
-                      ""),
-              "");
-    ExpectRun(Ostrel({"--bogus", "x", "ostrel", "command"}), 1,
-              listing("ostrel command ", "", "list  List all of the ostrel commands.\n"),
-              "Errors: \nUnknown dispatcher parameter: bogus\n");
-
+    auto const listing = Ostrel({"--bogus", "x", "ostrel", "command"});
+    EXPECT_NE(std::string::npos,
+              listing.out.find("Available Commands: \n\nlist  List all of the ostrel commands.\n"));
+    EXPECT_EQ("Errors: \nUnknown dispatcher parameter: bogus\n", listing.err);
+    EXPECT_EQ(1, listing.status);
     std::string const usage =
         "ostrel [dispatcher options] <namespaces> <command> [options]\n"
         "      For a list of available namespaces run ostrel with no arguments.  \n"

@@ -10,12 +10,13 @@ using namespace CliTest;
 // line; a plug-in named on an earlier line stays. A command without formatter prints nothing
 // unless one is asked for.
 TEST(PluginCommandTest, SecretPromptAndDefaultFormat) {
-    DescriptorTest::DescriptorFiles files;
-    DescriptorTest::CommandParts echo, quiet;
+    DescriptorFiles files;
+    CommandParts echo, quiet;
     echo.path = "demo.echo";
-    echo.inputSpec = "<input-spec>" +
-                     Parameter("password", "string", "", " shortname=\"p\" secret=\"true\"") +
-                     Parameter("label", "string") + "</input-spec>";
+    echo.inputSpec =
+        "<input-spec>" +
+        OptionalParameter("password", "string", "", " shortname=\"p\" secret=\"true\"") +
+        OptionalParameter("label", "string") + "</input-spec>";
     echo.outputSpec = "<output-spec><string/></output-spec>";
     echo.formatParameters = "<format-parameters><formatter>simple</formatter></format-parameters>";
     echo.execute =

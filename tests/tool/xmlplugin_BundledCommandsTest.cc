@@ -63,7 +63,7 @@ TEST_F(BundledCommandsTest, EveryCommandAnswersInItsDefaultFormat) {
 // A fixture host whose data carries markup, quotes, bytes that are not UTF-8 and control
 // characters: the helpers must still produce a document the engine reads back verbatim.
 TEST_F(BundledCommandsTest, FixtureHostTextSurvivesTheHelpers) {
-    DescriptorTest::DescriptorFiles host;
+    DescriptorFiles host;
     host.Write("proc/sys/kernel/.keep", "");
     host.Write("etc/passwd",
                "root:x:0:0:root:/root:/bin/sh\n"

@@ -33,7 +33,7 @@ std::string NestedPython(int level) {
 }
 
 std::string Command(std::string const& name, std::string const& document) {
-    DescriptorTest::CommandParts parts;
+    CommandParts parts;
     parts.path = "demo." + name;
     parts.outputSpec = "<output-spec>" + Nested(0, "string") + "</output-spec>";
     parts.formatParameters = "<format-parameters><formatter>python</formatter></format-parameters>";
@@ -42,7 +42,7 @@ std::string Command(std::string const& name, std::string const& document) {
 }
 
 TEST(DeepOutputTest, LoadsListsHelpsAndChecksInOnePass) {
-    DescriptorTest::DescriptorFiles files;
+    DescriptorFiles files;
     std::string const good =
         files.Write("good.out", "<output>" + Nested(0, "string") + "</output>");
     std::string const bad = files.Write("bad.out", "<output>" + Nested(0, "int") + "</output>");

@@ -1,9 +1,7 @@
 // Descriptor plug-ins through the built tool: broken descriptors beside a good one, a command
-// line made from the arguments, the errors a wrong answer ends in, and the descriptor's formatter
-// on what a program printed. Templates and answers alone are the extension tests' business.
+// line made from the arguments, and the descriptor's formatter on what a program printed. Templates
+// and answers alone are the extension tests' business.
 #include <gtest/gtest.h>
-
-#include <stdlib.h>
 
 #include <string>
 
@@ -15,13 +13,13 @@ using namespace CliTest;
 
 std::string Command(std::string const& name, std::string const& execute,
                     std::string const& outputSpec) {
-    DescriptorTest::CommandParts parts;
+    CommandParts parts;
     parts.path = "demo." + name;
     parts.execute = "<execute><![CDATA[" + execute + "]]></execute>";
     parts.outputSpec = "<output-spec>" + outputSpec + "</output-spec>";
-    parts.inputSpec = "<input-spec>" + Parameter("name", "string") + Parameter("force", "flag") +
-                      Parameter("limit", "int") + Parameter("path", "string-list") +
-                      "</input-spec>";
+    parts.inputSpec = "<input-spec>" + OptionalParameter("name", "string") +
+                      OptionalParameter("force", "flag") + OptionalParameter("limit", "int") +
+                      OptionalParameter("path", "string-list") + "</input-spec>";
     parts.formatParameters =
         "<format-parameters><formatter>table</formatter>"
         "<format-parameter name=\"fields:Item\">Name,Size,Up</format-parameter>"
@@ -36,35 +34,32 @@ std::string Item(std::string const& name, std::string const& size, std::string c
 }
 
 TEST(DescriptorRunTest, LoadsRunsAndFormats) {
-    // Without a language of the caller's, the command line shows the one the program gets.
-    std::string const savedLang = getenv("LANG") ? getenv("LANG") : "";
-    unsetenv("LANG");
-    DescriptorTest::DescriptorFiles files;
+    DescriptorFiles files;
     std::string const items = files.Write(
         "items.out", "<output><list type=\"structure\">" + Item("a&amp;b&lt;c&gt;", "512", "true") +
                          Item("x", "0", "false") + "</list></output>");
     // In the directory with an unbound namespace prefix, which the XML parser warns about.
     auto demo = [&](std::string const& name, std::string const& attribute) {
-        return DemoPlugin(
-            files, name,
-            Command("quiet",
-                    "true -n '$val{name}' $if{force,-f} $if{limit,-l $val{limit}} "
-                    "$multilist{path,--path,true}",
-                    "<int" + attribute + "/>") +
-                Command("mismatch", "echo '<output><string>1</string></output>'", "<int/>") +
-                Command("items", "cat '" + items + "'",
-                        "<list type=\"structure\">" + Item("", "", "") + "</list>"));
+        return DemoPlugin(files, name,
+                          Command("quiet",
+                                  "true -n '$val{name}' $if{force,-f} $if{limit,-l $val{limit}} "
+                                  "$multilist{path,--path,true}",
+                                  "<int" + attribute + "/>") +
+                              Command("items", "cat '" + items + "'",
+                                      "<list type=\"structure\">" + Item("", "", "") + "</list>"));
     };
     std::string const warned = demo("b-demo.xml", " p:x=\"1\""), clean = demo("sub/demo.xml", "");
-    std::string const broken = files.Write(
-        "a-broken.xml", DescriptorTest::Descriptor(
-                            "<commands><command path=\"demo.bad\"><input-spec/>"
-                            "<format-parameters/><execute>x</execute></command></commands>"));
+    std::string const broken =
+        files.Write("a-broken.xml",
+                    Descriptor("<commands><command path=\"demo.bad\"><input-spec/>"
+                               "<format-parameters/><execute>x</execute></command></commands>"));
     std::string const malformed =
         files.Write("a-malformed.xml", "<plugin><version>1.0.0</plugin>\n");
     // The loading messages in their places, the XML parser's own words first.
+    // Without a language of the caller's, the command line shows the one the program gets.
     auto const run = Ostrel({"--plugin-dir", files.path, "demo", "quiet", "--name", "O'Ne;il",
-                             "--force", "--limit", "5", "--path", "a b", "--path", "c"});
+                             "--force", "--limit", "5", "--path", "a b", "--path", "c"},
+                            "", {"LANG"});
     EXPECT_EQ(1, run.status);
     EXPECT_EQ("", run.out);
     size_t at = 0;
@@ -85,27 +80,10 @@ TEST(DescriptorRunTest, LoadsRunsAndFormats) {
         at += expected.size();
     }
     EXPECT_EQ(run.err.size(), at);
-    struct {
-        Words args;
-        int status;
-        std::string out, err;
-    } const rows[] = {
-        {{"--plugin", clean, "demo", "mismatch"},
-         1,
-         "",
-         "Errors: \nType mismatch in structure.  Expecting Int got String\nImplementation error! "
-         "The output of this command does not match the declared output type, see errors "
-         "above.\n"},
-        {{"--plugin", clean, "demo", "items"},
-         0,
-         "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
-         "false\n",
-         ""},
-    };
-    for (auto const& row : rows)
-        ExpectRun(Ostrel(row.args), row.status, row.out, row.err);
-    if (!savedLang.empty())
-        setenv("LANG", savedLang.c_str(), 1);
+    ExpectRun(Ostrel({"--plugin", clean, "demo", "items"}), 0,
+              "Name    Size     Up\n------  -------  --\na&b<c>  512 MiB  true\nx         0 MiB  "
+              "false\n",
+              "");
 }
 
 }  // namespace

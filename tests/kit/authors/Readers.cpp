@@ -29,38 +29,32 @@ std::string ReadAll() {
     auto const spec = ExtractInputSpec(
         element("<input-spec><parameter name='pin' type='string' required='true' secret='true'>"
                 "<description>n</description></parameter></input-spec>"));
-    ExtractInputParam(element("<parameter name='tag' type='string' required='false'>"
-                              "<description>d</description></parameter>"),
-                      spec);
     auto const extension = ExtensionCommand::New();
     ExtractFormatParams(
         element("<format-parameters><formatter>table</formatter></format-parameters>"), extension);
     ExtractMetaData(
         element("<meta-data><meta-data-entry name='owner'>ops</meta-data-entry></meta-data>"),
         extension);
-    std::string values[] = {
-        XmlUtil_ExtractAttribute(command, "path"),
-        XmlUtil_GetContentForChildByTag(command, "description"),
-        XmlUtil_GetContent(XmlUtil_FindChildNode(command, "note")),
-        XmlUtil_ParseXmlOutput("<output><int> 512</int></output>")->ToString(),
-        XmlUtil_BuildMetaObject(element("<int>-42</int>"))->ToString(),
-        spec->FindParameter("pin")->IsSecret() && spec->FindParameter("tag") ? "both" : "lost",
+    std::string text =
+        XmlUtil_ExtractAttribute(command, "path") + "|" +
+        XmlUtil_GetContentForChildByTag(command, "description") + "|" +
+        XmlUtil_GetContent(XmlUtil_FindChildNode(command, "note")) + "|" +
+        XmlUtil_ParseXmlOutput("<output><int> 512</int></output>")->ToString() + "|" +
+        XmlUtil_BuildMetaObject(element("<int>-42</int>"))->ToString() + "|" +
+        (spec->FindParameter("pin")->IsSecret() ? "secret|" : "plain|") +
         ExtractParamConstraint(element("<constraint type='regex'><regex>a+</regex></constraint>"))
-            ->GetStringRegex(),
-        ExtractEnum(element("<enum><enum-value value='a'>Alpha</enum-value></enum>")).at(0).second,
-        extension->GetDefaultOutputFormatParameters().GetFormatter(),
-        extension->GetMetaDataField("owner"),
+            ->GetStringRegex() +
+        "|" + ExtractEnum(element("<enum><enum-value value='a'>A</enum-value></enum>"))[0].second +
+        "|" + extension->GetDefaultOutputFormatParameters().GetFormatter() + "|" +
+        extension->GetMetaDataField("owner") + "|" +
         MetaObj::MetaTypeString(ExtractOutputSpec(element("<output-spec><bool/></output-spec>"))
                                     ->GetRootObject()
-                                    ->GetType()),
-        ""};
+                                    ->GetType()) +
+        "|";
     try {
         ExtractInputParam(element("<parameter type='int'/>"), spec);
     } catch (TindraException const& e) {
-        values[11] = e.what();  // thrown across the library's boundary
+        text += e.what();  // thrown across the library's boundary
     }
-    std::string text;
-    for (auto const& value : values)
-        text += value + "|";
     return text;
 }
