@@ -18,32 +18,33 @@ using Rows = std::vector<std::pair<std::string, std::string>>;  // a line, its s
 
 // Bash is handed the words it would split (at blanks and at "=", a word break); the zsh
 // function is driven with compadd and _files standing in for the completion system.
+char const kBash[] = R"sh([ -f /usr/share/bash-completion/bash_completion ] &&
+  . /usr/share/bash-completion/bash_completion
+. "$PREFIX/share/bash-completion/completions/ostrel"
+complete_line() {
+  COMP_LINE=$1; COMP_POINT=${#1}
+  local spaced=${1//=/ = }; read -ra COMP_WORDS <<<"$spaced"
+  [[ $1 == *[\ =] ]] && COMP_WORDS+=('')
+  COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); COMPREPLY=()
+  _ostrel
+  printf '%s\n' "${COMPREPLY[@]}" | sort | paste -sd ' '
+}
+)sh";
+char const kZsh[] = R"sh(fpath=("$PREFIX/share/zsh/vendor-completions" $fpath)
+autoload -Uz _ostrel
+compadd() { [[ $1 == -- ]] && shift; print -rl -- "$@" }
+_files() { print -r -- "(files $*)" }
+complete_line() {
+  local -a words; local CURRENT
+  words=(${(z)1}); [[ $1 == *' ' ]] && words+=('')
+  CURRENT=$#words
+  _ostrel | sort | paste -sd ' '
+}
+)sh";
+
 void ExpectCandidates(Installation const& installed, std::string const& shell, Rows const& rows) {
     std::string script =
-        shell == TINDRA_BASH
-            ? "[ -f /usr/share/bash-completion/bash_completion ] && "
-              ". /usr/share/bash-completion/bash_completion\n. '" +
-                  installed.prefix +
-                  "/share/bash-completion/completions/ostrel'\n"
-                  "complete_line() {\n"
-                  "  COMP_LINE=$1; COMP_POINT=${#1}\n"
-                  "  local spaced=${1//=/ = }; read -ra COMP_WORDS <<<\"$spaced\"\n"
-                  "  [[ $1 == *[\\ =] ]] && COMP_WORDS+=('')\n"
-                  "  COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); COMPREPLY=()\n"
-                  "  _ostrel\n"
-                  "  printf '%s\\n' \"${COMPREPLY[@]}\" | sort | paste -sd ' '\n"
-                  "}\n"
-            : "fpath=('" + installed.prefix +
-                  "/share/zsh/vendor-completions' $fpath)\n"
-                  "autoload -Uz _ostrel\n"
-                  "compadd() { [[ $1 == -- ]] && shift; print -rl -- \"$@\" }\n"
-                  "_files() { print -r -- \"(files $*)\" }\n"
-                  "complete_line() {\n"
-                  "  local -a words; local CURRENT\n"
-                  "  words=(${(z)1}); [[ $1 == *' ' ]] && words+=('')\n"
-                  "  CURRENT=$#words\n"
-                  "  _ostrel | sort | paste -sd ' '\n"
-                  "}\n";
+        "PREFIX='" + installed.prefix + "'\n" + (shell == TINDRA_BASH ? kBash : kZsh);
     std::string expected;
     for (auto const& [line, candidates] : rows) {
         script += "complete_line '" + line + "'\n";

@@ -53,19 +53,14 @@ TEST(OutputTest, FormatParametersOverrideTheCommandsDefaultsKeyByKey) {
         << run.out;
 }
 
+// Help as a command option, wherever it stands, in any format (the layout is the help
+// formatter's).
 TEST(OutputTest, CommandHelpInAnyFormat) {
-    std::string const help =
-        "Usage: ostrel ostrel command list <options>\n\nDescription: List all of the ostrel "
-        "commands.\n\n"
-        "  -c|--command-filter       Show only commands containing the specified string in "
-        "their name.\n"
-        "  -d|--description-filter   Show only commands containing the specified string in "
-        "their description.\n"
-        "  -h|--help                 Show the help message.\n"
-        "  -n|--namespace-filter     Show only commands containing the specified string in "
-        "their namespace path.\n";
-    ExpectRun(Ostrel(List({}, {"--help"})), 0, help, "");
-    ExpectRun(Ostrel(List({}, {"-c", "x", "-h"})), 0, help, "");
+    auto const help = Ostrel(List({}, {"--help"}));
+    EXPECT_EQ(0u, help.out.find("Usage: ostrel ostrel command list <options>\n\nDescription: List "
+                                "all of the ostrel commands.\n\n  -c|--command-filter "))
+        << help.out;
+    ExpectRun(Ostrel(List({}, {"-c", "x", "-h"})), 0, help.out, "");
     auto const run = Ostrel(List({"--formatter", "xml"}, {"--help"}));
     EXPECT_EQ(0, run.status);
     EXPECT_NE(std::string::npos, run.out.find("<structure typeName=\"OstrelCommandHelp\">"));
