@@ -4,28 +4,24 @@ find_program(TINDRA_PKG_CONFIG_PROGRAM pkg-config REQUIRED)
 find_program(TINDRA_BASH_PROGRAM bash REQUIRED)
 find_program(TINDRA_ZSH_PROGRAM zsh)  # a test dependency; its test is skipped without it
 find_program(TINDRA_READELF_PROGRAM readelf REQUIRED)
+find_program(TINDRA_CXXFILT_PROGRAM c++filt REQUIRED)
 
 # Installing needs every target of the default build outside the tests built first.
-function(tindra_kit_default_targets directory result)
+function(tindra_kit_default_targets directory)
   get_property(found DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
-  set(built)
   foreach(candidate IN LISTS found)
     get_target_property(excluded ${candidate} EXCLUDE_FROM_ALL)
     if(NOT excluded)
-      list(APPEND built ${candidate})
+      add_dependencies(${target} ${candidate})
     endif()
   endforeach()
   get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
+  list(REMOVE_ITEM subdirectories ${CMAKE_CURRENT_SOURCE_DIR})
   foreach(subdirectory IN LISTS subdirectories)
-    if(NOT subdirectory STREQUAL CMAKE_CURRENT_SOURCE_DIR)
-      tindra_kit_default_targets(${subdirectory} below)
-      list(APPEND built ${below})
-    endif()
+    tindra_kit_default_targets(${subdirectory})
   endforeach()
-  set(${result} ${built} PARENT_SCOPE)
 endfunction()
-tindra_kit_default_targets(${PROJECT_SOURCE_DIR} installed)
-add_dependencies(${target} ${installed})
+tindra_kit_default_targets(${PROJECT_SOURCE_DIR})
 target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
 target_compile_definitions(${target} PRIVATE
   TINDRA_BUILD_DIR="${PROJECT_BINARY_DIR}"
@@ -38,6 +34,7 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_BASH="${TINDRA_BASH_PROGRAM}"
   TINDRA_ZSH="$<IF:$<BOOL:${TINDRA_ZSH_PROGRAM}>,${TINDRA_ZSH_PROGRAM},>"
   TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
+  TINDRA_LIBXML2_LIBRARY="${LIBXML2_LIBRARY}"
   TINDRA_INSTALL_INCLUDEDIR="${CMAKE_INSTALL_INCLUDEDIR}"
   TINDRA_INSTALL_LIBDIR="${CMAKE_INSTALL_LIBDIR}"
   TINDRA_INSTALL_BINDIR="${CMAKE_INSTALL_BINDIR}"
@@ -46,7 +43,6 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_SOVERSION="${PROJECT_VERSION_MAJOR}")
 
 # What the shared library exports, against the public headers.
-find_program(TINDRA_CXXFILT_PROGRAM c++filt REQUIRED)
 add_test(NAME ExportedSymbols.MatchThePublicHeaders
          COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/kit/exported_symbols.sh $<TARGET_FILE:tindra>
                  ${PROJECT_SOURCE_DIR}/include ${CMAKE_NM} ${TINDRA_CXXFILT_PROGRAM})

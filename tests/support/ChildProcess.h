@@ -1,12 +1,13 @@
 #ifndef TINDRA_TESTS_SUPPORT_CHILDPROCESS_H
 #define TINDRA_TESTS_SUPPORT_CHILDPROCESS_H
 
-// Runs code or a program in a child with standard streams on pipes. Header only.
+// Runs code or a program in a child whose standard streams are anonymous files, so that no
+// amount of output can block it. Header only.
 #include <errno.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <signal.h>
-#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,12 +15,9 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/Pipe.h"
-
-extern char** environ;
 
 namespace TestSupport {
 
@@ -54,106 +52,70 @@ inline void ExpectRun(ChildResult const& run, int status, std::string const& out
 
 inline int WaitForChild(pid_t pid) {
     int status = 0;
-    while (waitpid(pid, &status, 0) < 0) {
+    while (waitpid(pid, &status, 0) < 0)
         if (errno != EINTR)
             throw std::runtime_error("waitpid failed");
-    }
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-// Feeds the input while reading both outputs, so a child blocked on a full pipe cannot
-// deadlock the test. pipes[0..2] are the child's in, out, err; the child's ends go here.
-inline ChildResult CollectFromChild(pid_t pid, Pipe (&pipes)[3], std::string const& input) {
-    for (OwnedFd* childEnd : {&pipes[0].read, &pipes[1].write, &pipes[2].write})
-        childEnd->Close();
-    if (input.empty())
-        pipes[0].write.Close();
-    ChildResult result;
-    std::string* sinks[2] = {&result.out, &result.err};
-    std::size_t written = 0;
-    while (pipes[1].read.Get() >= 0 || pipes[2].read.Get() >= 0) {
-        pollfd fds[3] = {{pipes[1].read.Get(), POLLIN, 0},
-                         {pipes[2].read.Get(), POLLIN, 0},
-                         {pipes[0].write.Get(), POLLOUT, 0}};
-        if (poll(fds, 3, -1) < 0 && errno != EINTR)
-            throw std::runtime_error("poll failed");
-        if (fds[2].revents) {
-            ssize_t n = write(pipes[0].write.Get(), input.data() + written, input.size() - written);
-            written += n > 0 ? static_cast<std::size_t>(n) : 0;
-            if (n < 0 || written == input.size())
-                pipes[0].write.Close();
-        }
-        for (int i = 0; i < 2; ++i) {
-            char buffer[65536];
-            ssize_t n = fds[i].revents ? read(fds[i].fd, buffer, sizeof buffer) : 1;
-            if (n <= 0)
-                pipes[i + 1].read.Close();
-            else if (fds[i].revents)
-                sinks[i]->append(buffer, static_cast<std::size_t>(n));
-        }
-    }
-    pipes[0].write.Close();
-    result.status = WaitForChild(pid);
-    return result;
-}
-
-// Runs body in a forked child whose standard streams are the pipes; it exits 0 afterwards.
+// Runs body in a forked child, which exits 0 afterwards. A minute of processor time ends it, so
+// a child that spins fails its test instead of stalling the suite.
 inline ChildResult RunInChild(std::function<void()> const& body, std::string const& input = "") {
-    signal(SIGPIPE, SIG_IGN);  // a child that left must not kill the test program
-    Pipe pipes[3] = {Pipe::Open(), Pipe::Open(), Pipe::Open()};
+    signal(SIGPIPE, SIG_IGN);  // inherited: a reader that left shows as EPIPE
+    OwnedFd const files[3] = {OwnedFd(memfd_create("in", MFD_CLOEXEC)),
+                              OwnedFd(memfd_create("out", MFD_CLOEXEC)),
+                              OwnedFd(memfd_create("err", MFD_CLOEXEC))};
+    if (files[2].Get() < 0 || pwrite(files[0].Get(), input.data(), input.size(), 0) < 0)
+        throw std::runtime_error("memfd failed");
     std::cout.flush();
     std::cerr.flush();
-    pid_t pid = fork();
-    if (pid < 0)
-        throw std::runtime_error("fork failed");
+    pid_t const pid = fork();
     if (pid == 0) {
+        rlimit const cpu = {60, 60};
+        setrlimit(RLIMIT_CPU, &cpu);
         for (int fd : {0, 1, 2})
-            dup2(fd == 0 ? pipes[0].read.Get() : pipes[fd].write.Get(), fd);
-        for (auto& pipe : pipes)
-            pipe = Pipe{};  // else the child never sees its input end
+            dup2(files[fd].Get(), fd);
         body();
         std::cout.flush();
         std::cerr.flush();
         _exit(0);
     }
-    return CollectFromChild(pid, pipes, input);
+    if (pid < 0)
+        throw std::runtime_error("fork failed");
+    int const status = WaitForChild(pid);
+    auto readAll = [](OwnedFd const& file) {
+        std::string text;
+        char buffer[65536];
+        for (ssize_t n; (n = pread(file.Get(), buffer, sizeof buffer, off_t(text.size()))) > 0;)
+            text.append(buffer, size_t(n));
+        return text;
+    };
+    return {readAll(files[1]), readAll(files[2]), status};
 }
 
 // For outputFd: the program starts with its standard output closed.
 constexpr int kClosedOutput = -2;
 
-// Starts a program (argv[0] included) with NAME=value entries taking precedence over the
-// inherited environment; with outputFd given, standard output goes there (a terminal, say).
-inline ChildResult RunProgram(std::string const& path, std::vector<std::string> const& argv,
+// Starts a program (argv[0] included) with NAME=value entries replacing inherited ones (a bare
+// NAME removes one, as glibc's putenv does); with outputFd given, standard output goes there.
+inline ChildResult RunProgram(std::string const& path, std::vector<std::string> argv,
                               std::string const& input = "",
-                              std::vector<std::string> const& extraEnvironment = {},
-                              int outputFd = -1) {
-    signal(SIGPIPE, SIG_IGN);
-    Pipe pipes[3] = {Pipe::Open(), Pipe::Open(), Pipe::Open()};
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, pipes[0].read.Get(), 0);
-    if (outputFd == kClosedOutput)
-        posix_spawn_file_actions_addclose(&actions, 1);
-    else
-        posix_spawn_file_actions_adddup2(&actions, outputFd >= 0 ? outputFd : pipes[1].write.Get(),
-                                         1);
-    posix_spawn_file_actions_adddup2(&actions, pipes[2].write.Get(), 2);
-    std::vector<char*> args, environment;
-    for (auto const& word : argv)
-        args.push_back(const_cast<char*>(word.c_str()));
-    for (auto const& entry : extraEnvironment)
-        environment.push_back(const_cast<char*>(entry.c_str()));
-    for (char** entry = environ; *entry != nullptr; ++entry)
-        environment.push_back(*entry);
-    args.push_back(nullptr);
-    environment.push_back(nullptr);
-    pid_t pid = 0;
-    int rc = posix_spawn(&pid, path.c_str(), &actions, nullptr, args.data(), environment.data());
-    posix_spawn_file_actions_destroy(&actions);
-    if (rc != 0)
-        throw std::runtime_error("posix_spawn of " + path + " failed");
-    return CollectFromChild(pid, pipes, input);
+                              std::vector<std::string> environment = {}, int outputFd = -1) {
+    return RunInChild(
+        [&] {
+            if (outputFd != -1 && (outputFd == kClosedOutput ? close(1) : dup2(outputFd, 1)) < 0)
+                _exit(126);
+            for (auto& entry : environment)
+                putenv(entry.data());
+            std::vector<char*> args;
+            for (auto& word : argv)
+                args.push_back(word.data());
+            args.push_back(nullptr);
+            execv(path.c_str(), args.data());
+            std::cerr << "cannot run " << path << "\n";
+            _exit(127);
+        },
+        input);
 }
 
 }  // namespace TestSupport

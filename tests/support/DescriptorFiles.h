@@ -20,6 +20,21 @@ inline std::string NamespaceElement(std::string const& path, std::string const& 
            "</description></namespace>";
 }
 
+// An optional parameter of a command; inner follows its description.
+inline std::string OptionalParameter(std::string const& name, std::string const& type,
+                                     std::string const& inner = "",
+                                     std::string const& attributes = "") {
+    return "<parameter name=\"" + name + "\" type=\"" + type + "\" required=\"false\"" +
+           attributes + "><description>d</description>" + inner + "</parameter>";
+}
+
+// A descriptor of namespace "demo" holding the command elements, written among the files.
+inline std::string DemoPlugin(DescriptorFiles const& files, std::string const& name,
+                              std::string const& commands) {
+    return files.Write(name, Descriptor("<namespaces>" + NamespaceElement("demo", "Demo") +
+                                        "</namespaces><commands>" + commands + "</commands>"));
+}
+
 // A complete command whose parts can be replaced one by one.
 struct CommandParts {
     std::string path = "demo.run";

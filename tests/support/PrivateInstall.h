@@ -14,7 +14,6 @@ namespace TestSupport {
 struct PrivateInstall {
     Tindra::Testing::TempDirectory work;
     std::string prefix = work.path + "/prefix";
-    std::string pluginDir = prefix + "/" TINDRA_PLUGIN_DIR;
 
     PrivateInstall() {
         auto const run = RunProgram(TINDRA_CMAKE_COMMAND, {TINDRA_CMAKE_COMMAND, "--install",
@@ -23,13 +22,11 @@ struct PrivateInstall {
             throw std::runtime_error("cmake --install failed:\n" + run.out + run.err);
     }
     // The installed tool found on PATH, run from the scratch directory with nothing of the
-    // test's in its environment; the shell sets it, as given twice an inherited entry may win.
+    // test's in its environment.
     ChildResult Shell(std::string const& shell, std::string const& script) const {
-        return RunProgram(
-            shell,
-            {shell, "-c",
-             "export PATH='" + prefix + "/bin:/usr/bin:/bin' HOME='" + work.path +
-                 "'; unset OSTREL_SKIP_DEFAULT_PLUGINS LD_LIBRARY_PATH; cd \"$HOME\"\n" + script});
+        return RunProgram(shell, {shell, "-c", "cd \"$HOME\"\n" + script}, "",
+                          {"PATH=" + prefix + "/bin:/usr/bin:/bin", "HOME=" + work.path,
+                           "OSTREL_SKIP_DEFAULT_PLUGINS", "LD_LIBRARY_PATH"});
     }
 };
 

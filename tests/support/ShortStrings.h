@@ -6,8 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace Tindra {
-namespace Testing {
+namespace Tindra::Testing {
 
 // The strings on which accepts disagrees with a full match of pattern, out of every string of up
 // to four characters over lower, upper, digit, '-', '_', blank, '.', line break, a byte above
@@ -28,7 +27,6 @@ inline std::vector<std::string> DisagreementsWith(
     return disagreements;
 }
 
-}  // namespace Testing
-}  // namespace Tindra
+}  // namespace Tindra::Testing
 
 #endif

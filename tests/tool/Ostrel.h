@@ -5,13 +5,16 @@
 #include <vector>
 
 #include "support/ChildProcess.h"
+#include "support/DescriptorFiles.h"
 
 namespace CliTest {
 
+using namespace DescriptorTest;
+using TestSupport::ExpectRun;
 using Words = std::vector<std::string>;
 
 // Runs the built tool as "ostrel" with only its built-in commands (nothing from the
-// installed plug-in directories), standard streams on pipes unless outputFd is given.
+// installed plug-in directories), standard streams on files unless outputFd is given.
 inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& input = "",
                                        Words environment = {}, int outputFd = -1) {
     Words argv = {"ostrel"};
@@ -22,14 +25,10 @@ inline TestSupport::ChildResult Ostrel(Words const& args, std::string const& inp
 
 // "ostrel command list" between dispatcher options and command options.
 inline Words List(Words words, Words const& after = {}) {
-    for (char const* word : {"ostrel", "command", "list"}) {
-        words.push_back(word);
-    }
+    words.insert(words.end(), {"ostrel", "command", "list"});
     words.insert(words.end(), after.begin(), after.end());
     return words;
 }
-
-using TestSupport::ExpectRun;
 
 // What the command list prints for the built-in command alone: unwrapped and at width 40.
 std::string const kCommandTable =

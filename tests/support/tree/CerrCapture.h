@@ -5,8 +5,7 @@
 #include <sstream>
 #include <string>
 
-namespace Tindra {
-namespace Testing {
+namespace Tindra::Testing {
 
 // Collects what is written to std::cerr while it lives.
 class CerrCapture {
@@ -20,7 +19,6 @@ private:
     std::streambuf* saved;
 };
 
-}  // namespace Testing
-}  // namespace Tindra
+}  // namespace Tindra::Testing
 
 #endif

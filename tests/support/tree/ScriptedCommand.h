@@ -7,8 +7,7 @@
 #include "tindra/autocli/tree/Command.h"
 #include "tindra/metaobj/MetaString.h"
 
-namespace Tindra {
-namespace Testing {
+namespace Tindra::Testing {
 
 // A command whose declarations and behaviour each test sets; it declares a string result.
 class ScriptedCommand : public AutoCli::Command {
@@ -41,7 +40,6 @@ protected:
     }
 };
 
-}  // namespace Testing
-}  // namespace Tindra
+}  // namespace Tindra::Testing
 
 #endif

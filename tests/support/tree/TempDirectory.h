@@ -7,8 +7,7 @@
 #include <fstream>
 #include <string>
 
-namespace Tindra {
-namespace Testing {
+namespace Tindra::Testing {
 
 // A fresh directory, removed with its contents.
 class TempDirectory {
@@ -32,7 +31,6 @@ public:
     std::string path;
 };
 
-}  // namespace Testing
-}  // namespace Tindra
+}  // namespace Tindra::Testing
 
 #endif
