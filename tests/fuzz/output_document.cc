@@ -73,11 +73,10 @@ std::shared_ptr<MetaObject> TreeRead(std::string const& text) {
         throw TindraException(NoRootElementMessage());
     }
     for (xmlNode* child = root->children; child; child = child->next) {
-        if (IsSkippedChildName(GrammarNodeName(child))) {
-            continue;
-        }
         try {
-            return XmlUtil_BuildMetaObject(child);
+            if (!IsSkippedChildName(GrammarNodeName(child))) {
+                return XmlUtil_BuildMetaObject(child);
+            }
         } catch (TindraException const& error) {
             throw TindraException(OutputBuildErrorMessage(error.what()));
         }

@@ -31,12 +31,11 @@ std::string ShellStructureOf(std::string const& line) {
     for (size_t at = 0; at < text.size();) {
         char const c = text[at], next = at + 1 < text.size() ? text[at + 1] : '\0';
         bool const outside = !doubleQuoted;
-        bool const separates =
-            outside && (c == ' ' || c == '\t' || c == '\n' || std::strchr(";&|<>()", c));
+        bool const separates = outside && std::strchr(" \t\n;&|<>()", c);
         if (c == '"') {
             doubleQuoted = outside;
             ++at;
-        } else if (separates) {
+        } else if (separates || c == '`') {
             events += c == ' ' || c == '\t' ? "" : std::string(1, c);
             ++at;
         } else if (outside && c == '#' && wordStart) {
@@ -47,19 +46,12 @@ std::string ShellStructureOf(std::string const& line) {
             if (at == 0) {
                 return events + " unterminated quote";
             }
-        } else if (c == '`') {
-            events += '`';
-            ++at;
         } else if (c == '$' && (next == '(' || next == '{')) {
             events += std::string("$") + next;
             at += 2;
-        } else if (c == '$' && next != '\0' && std::strchr("@*#?-$!0123456789", next)) {
-            events += '$';
+        } else if (c == '$' && (nameChar(next) || (next != '\0' && std::strchr("@*#?-$!", next)))) {
+            events += '$';  // the rest of a name is plain text
             at += 2;
-        } else if (c == '$' && nameChar(next)) {
-            events += '$';
-            for (++at; at < text.size() && nameChar(text[at]); ++at) {
-            }
         } else {
             // A backslash takes the next byte with it ("\<newline>" joins lines); within double
             // quotes only where it escapes. A lone dollar is literal.
