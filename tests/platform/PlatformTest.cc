@@ -22,8 +22,7 @@ TEST(CreatePipeTest, EndsAreCloseOnExecAndAboveStandardDescriptors) {
     int error = Platform::CreatePipe(readEnd, writeEnd);
     bool zeroStillFree = fcntl(0, F_GETFD) < 0;
     dup2(savedInput.Get(), 0);
-    ASSERT_EQ(0, error);
-    EXPECT_TRUE(zeroStillFree);
+    EXPECT_TRUE(zeroStillFree) << error;  // a failed call closes both ends, failing below
     EXPECT_TRUE(readEnd.Get() >= 3 && (fcntl(readEnd.Get(), F_GETFD) & FD_CLOEXEC));
     EXPECT_TRUE(writeEnd.Get() >= 3 && (fcntl(writeEnd.Get(), F_GETFD) & FD_CLOEXEC));
 }
