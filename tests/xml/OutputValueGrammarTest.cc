@@ -40,8 +40,7 @@ TEST(OutputValueGrammarTest, IntsReadAsStreamExtractionReadsThem) {
     }
 }
 
-// The output_document fuzz target holds the streaming reader to the tree reading (zero bytes,
-// text nodes over libxml2's limit, encodings, pieces of any size); this pins what both read.
+// What the stream reads; the output_document fuzz target holds it to the tree reading.
 TEST(OutputValueGrammarTest, ValuesAndTheBuildErrorOfADocumentInPieces) {
     auto readInPieces = [](std::string const& text, size_t size) {
         OutputDocumentStream stream;
