@@ -1,16 +1,14 @@
 #ifndef TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 #define TINDRA_TESTS_FUZZ_FUZZSUPPORT_H
 
-// What every fuzz target includes: shared headers, a canonical text of values, the way a target
-// reports a broken property, and silence for libxml2's diagnostics.
+// What every fuzz target includes: a canonical text of values, the way a target reports a broken
+// property, and silence for libxml2's diagnostics.
 #include <libxml/xmlerror.h>
 
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 #include <string>
-#include <vector>
 
 #include "tindra/TindraException.h"
 #include "tindra/metaobj/MetaList.h"
@@ -43,29 +41,18 @@ inline std::string Describe(std::shared_ptr<MetaObject> const& value) {
     return text + "]";
 }
 
-// User input may only ever fail with the library's own exception.
-template <typename Read>
-std::string Outcome(Read read) {
-    try {
-        return Describe(read());
-    } catch (Tindra::TindraException const& error) {
-        return std::string("throws: ") + error.what();
+// libFuzzer keeps the input that broke the property; control bytes are shown as \xNN.
+inline void Require(bool holds, char const* property, std::string const& detail) {
+    if (!holds) {
+        std::fprintf(stderr, "property broken: %s\n", property);
+        for (unsigned char c : detail + "\n") {
+            std::fprintf(stderr, (c < 0x20 && c != '\n') || c == 0x7f ? "\\x%02x" : "%c", c);
+        }
+        std::abort();
     }
 }
 
 inline void QuietGeneric(void*, char const*, ...) {}
-
-// libFuzzer keeps the input that broke the property; control bytes are shown as \xNN.
-inline void Require(bool holds, char const* property, std::string const& detail) {
-    if (holds) {
-        return;
-    }
-    std::fprintf(stderr, "property broken: %s\n", property);
-    for (unsigned char c : detail + "\n") {
-        std::fprintf(stderr, (c < 0x20 && c != '\n') || c == 0x7f ? "\\x%02x" : "%c", c);
-    }
-    std::abort();
-}
 
 }  // namespace Fuzz
 

@@ -32,22 +32,20 @@ std::shared_ptr<MetaObject> SmallValue(FuzzedDataProvider& input) {
     rows->Add(Row(-7, text));
     rows->Add(Row(1L << 40, "b c"));
     switch (input.ConsumeIntegralInRange(0, 3)) {
-        case 0: {
-            auto value = MetaStruct::New("T");
-            value->SetField("F", MetaInt::New(input.ConsumeIntegral<int64_t>()));
-            value->SetField("S", MetaString::New(text));
-            value->SetField("B", MetaBool::New(input.ConsumeBool()));
-            value->SetField("L", rows);
-            value->SetField("N", Row(3, text));
-            return value;
-        }
         case 1:
             return rows;
         case 2:
             return MetaString::New(text);
-        default:
+        case 3:
             return MetaInt::New(input.ConsumeIntegral<int64_t>());
     }
+    auto value = MetaStruct::New("T");
+    value->SetField("F", MetaInt::New(input.ConsumeIntegral<int64_t>()));
+    value->SetField("S", MetaString::New(text));
+    value->SetField("B", MetaBool::New(input.ConsumeBool()));
+    value->SetField("L", rows);
+    value->SetField("N", Row(3, text));
+    return value;
 }
 
 char const* const kKeys[] = {"fields:T",   "fields:R",      "fields",       "header:T",
@@ -85,8 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const* data, size_t size) {
     std::ostringstream out;
     try {
         formatter.Format(output, params, display, out);
-    } catch (Tindra::TindraException const&) {
-        // Refusing a parameter is allowed; anything else escaping is a finding.
+    } catch (Tindra::TindraException const&) {  // refusing a parameter; anything else is a finding
     }
     return 0;
 }

@@ -6,13 +6,11 @@
 #include <string>
 
 #include "support/ThrownMessage.h"
-#include "tindra/metaobj/MetaList.h"
-#include "tindra/metaobj/MetaStruct.h"
+#include "tindra/metaobj/MetaObject.h"
 #include "xml/OutputDocumentReader.h"
 #include "xml/ValueGrammar.h"
 
 using namespace Tindra::AutoCli;
-using namespace Tindra::MetaObj;
 
 namespace {
 
@@ -26,13 +24,10 @@ TEST(OutputValueGrammarTest, IntsReadAsStreamExtractionReadsThem) {
         bool read = ReadLeadingInt(text, byGrammar);
         ASSERT_EQ(stream, read ? std::to_string(byGrammar) : "fail") << "text: [" << text << "]";
     };
-    // clang-format off
-    for (std::string text : {"0", "12abc", " 7", "\t\n\v\f\r-3", "+5", "-", "+", "+-5", "- 5",
-                             "0x10", "007", "9223372036854775807", "9223372036854775808",
-                             "-9223372036854775808", "-9223372036854775809",
-                             "99999999999999999999999", "000000000000000000000000001", "1 2",
-                             "\xa0" "5", "abc", " ", "", "1e5", "-0"}) {
-        // clang-format on
+    // Kinds of blank and lengths the random texts below do not reach.
+    for (std::string text :
+         {"\t\n\v\f\r-3", "\2405", "9223372036854775807", "9223372036854775808",
+          "-9223372036854775808", "-9223372036854775809", "000000000000000000000000001"}) {
         expectSame(text);
     }
     std::mt19937 random(7);
@@ -45,8 +40,7 @@ TEST(OutputValueGrammarTest, IntsReadAsStreamExtractionReadsThem) {
     }
 }
 
-// The output_document fuzz target holds the streaming reader to the tree reading (zero bytes,
-// text nodes over libxml2's limit, encodings, pieces of any size); this pins what both read.
+// What the stream reads; the output_document fuzz target holds it to the tree reading.
 TEST(OutputValueGrammarTest, ValuesAndTheBuildErrorOfADocumentInPieces) {
     auto readInPieces = [](std::string const& text, size_t size) {
         OutputDocumentStream stream;
@@ -60,20 +54,16 @@ TEST(OutputValueGrammarTest, ValuesAndTheBuildErrorOfADocumentInPieces) {
         "<output><list type=\"structure\">\n"
         "  <structure typeName=\"&t;\"><field name=\"Name\"><string>caf\xe9 &amp; <![CDATA[<b>]]>"
         "<!--c--></string></field><field name=\"Size\"><int> 7kB</int></field></structure>\n"
-        "  <structure typeName=\"Disk\"><field name=\"Name\"><string>a<!--x-->b</string></field>"
-        "<field name=\"Size\"><int>-1</int></field></structure>\n"
+        "<structure typeName=\"Disk\"><field name=\"Name\"><string>b</string></field>"
+        "<field name=\"Size\"><int>-1</int></field></structure>"
         "</list></output>\n";
-    for (size_t size : {1, 7, 4096}) {
+    for (size_t size : {1, 4096}) {
         auto value = readInPieces(rows, size);
         ASSERT_NE(value, nullptr) << size;
-        auto const& items = std::static_pointer_cast<MetaList>(value)->GetObjects();
-        ASSERT_EQ(items.size(), 2u);
-        auto first = std::static_pointer_cast<MetaStruct>(items[0]);
-        EXPECT_EQ(first->GetTypeName(), "Disk");
-        EXPECT_EQ(first->GetField("Name")->ToString(), "c");  // the last child with content
-        EXPECT_EQ(first->GetField("Size")->ToString(), "7");
-        EXPECT_EQ(std::static_pointer_cast<MetaStruct>(items[1])->GetField("Name")->ToString(),
-                  "b");
+        // Of a string's children, the last with content counts; the entity gives both items
+        // one type name, as a list requires.
+        EXPECT_EQ("{'Name' => 'c', 'Size' => '7', }, {'Name' => 'b', 'Size' => '-1', }",
+                  value->ToString());
     }
     EXPECT_EQ(ThrownMessage([&] {
                   readInPieces("<o><list type=\"int\"><int>1</int><int>x</int></list></o>", 3);
