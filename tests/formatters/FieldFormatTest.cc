@@ -13,14 +13,13 @@
 namespace FormatterTest {
 namespace {
 
-using List = std::vector<std::string>;
-
 // Field lists split as a regular expression's token iterator splits them: empty fields kept,
 // one trailing empty field dropped.
 TEST(FormatParameters, ListsSplitAsRegexTokens) {
     static boost::regex const comma(",");
     for (std::string text : {"", "a", "a,b", ",a", "a,", "a,,b,", ",", ",,", "a, b", ",,x,,"}) {
-        List expected(boost::sregex_token_iterator(text.begin(), text.end(), comma, -1), {});
+        std::vector<std::string> expected(
+            boost::sregex_token_iterator(text.begin(), text.end(), comma, -1), {});
         EXPECT_EQ(Params({{"k", text.c_str()}}).GetParameterAsList("k"), expected) << text;
     }
     EXPECT_TRUE(FormatParameters().GetParameterAsList("absent").empty());

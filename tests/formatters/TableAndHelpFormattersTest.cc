@@ -36,8 +36,6 @@ TEST(TableFormatter, DiskExampleHeaderSwitchesAndColumnChoice) {
         EXPECT_EQ(Table(Disks(), params, 0, &result), expected);
         EXPECT_TRUE(result);
     }
-    EXPECT_EQ(Table(Disks(false), Params({{"fields", "Name,Size,Model"}})),
-              "Name  Size  Model\n----  ----  -----\n");
 }
 
 TEST(TableFormatter, WrapsLastColumnUnderItsStart) {
@@ -108,7 +106,7 @@ std::shared_ptr<MetaStruct> Option(char const* name, char const* shortName, char
     return option;
 }
 
-std::string CommandHelp(uint16_t width) {
+TEST(CommandHelpFormatter, RequiredSecretAndExamples) {
     auto example = MetaStruct::New("OstrelCommandExample");
     example->SetField("Description", "List all items :");
     example->SetField("Syntax", "# ostrel demo widget item list --all");
@@ -120,25 +118,17 @@ std::string CommandHelp(uint16_t width) {
                                          Option("help", "h", "Show the help.", false, false),
                                          Option("password", "", "The password.", true, true)}));
     help->SetField("Example List", ListOf({example}));
-    return Render<CommandHelpFormatter>(help, {}, width);
-}
-
-TEST(CommandHelpFormatter, RequiredSecretAndExamples) {
-    std::string const warning =
-        "WARNING: Providing secret values on the command line is insecure because it may be "
-        "logged or preserved in history files. Instead, specify this option with no value on the "
-        "command line, and enter the value on the supplied prompt.";
-    std::string const column(18, ' ');
-    std::string const unwrapped =
-        "Usage: ostrel demo widget item list <options>\n\nDescription: List the items.\n\n"
-        "  -a|--all        Show all. (required)\n"
-        "  -h|--help       Show the help.\n"
-        "     --password   The password. (required secret)\n" +
-        column + warning +
-        "\n\nExamples: \n\n"
-        "    List all items :\n"
-        "# ostrel demo widget item list --all        \n\n";
-    EXPECT_EQ(CommandHelp(0), unwrapped);
+    EXPECT_EQ(Render<CommandHelpFormatter>(help),
+              "Usage: ostrel demo widget item list <options>\n\nDescription: List the items.\n\n"
+              "  -a|--all        Show all. (required)\n"
+              "  -h|--help       Show the help.\n"
+              "     --password   The password. (required secret)\n"
+              "                  WARNING: Providing secret values on the command line is insecure "
+              "because it may be logged or preserved in history files. Instead, specify this "
+              "option with no value on the command line, and enter the value on the supplied "
+              "prompt.\n\nExamples: \n\n"
+              "    List all items :\n"
+              "# ostrel demo widget item list --all        \n\n");
     EXPECT_EQ(ThrownMessage([] { Render<CommandHelpFormatter>(MetaStruct::New("Other")); }),
               "Error: Unexpected type for output, formatter expected a struct with help "
               "information");
