@@ -22,7 +22,6 @@ TEST(FormatParameters, ListsSplitAsRegexTokens) {
             boost::sregex_token_iterator(text.begin(), text.end(), comma, -1), {});
         EXPECT_EQ(Params({{"k", text.c_str()}}).GetParameterAsList("k"), expected) << text;
     }
-    EXPECT_TRUE(FormatParameters().GetParameterAsList("absent").empty());
 }
 
 std::string FormatField(char const* printf, std::shared_ptr<MetaObject> const& value,
