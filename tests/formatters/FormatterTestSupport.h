@@ -61,11 +61,8 @@ inline std::shared_ptr<MetaList> ListOf(std::vector<std::shared_ptr<MetaStruct>>
     return list;
 }
 
-// The two disks of the table example, or none.
-inline std::shared_ptr<MetaList> Disks(bool withItems = true) {
-    if (!withItems) {
-        return MetaList::New(MetaType::Struct, Disk("", 0, ""));
-    }
+// The two disks of the table example.
+inline std::shared_ptr<MetaList> Disks() {
     return ListOf({Disk("sda", 512, "Fast disk"), Disk("nvme0n1", 2048, "NV")});
 }
 

@@ -12,37 +12,18 @@ using namespace Tindra::CallSpec;
 using Pairs = std::vector<OptionParser::Pair>;
 using Words = std::vector<std::string>;
 
-std::shared_ptr<InputSpec> SampleSpec() {
-    auto spec = InputSpec::New();
-    std::pair<char const*, ParameterType> const declared[] = {
-        {"name", ParamString}, {"verbose", ParamFlag}, {"help", ParamBool}};
-    for (auto const& [name, type] : declared) {
-        auto parameter = ParameterSpec::New(name, type);
-        parameter->SetShortName(std::string(1, name[0]));
-        parameter->SetRequired(type != ParamBool);
-        spec->AddParameter(parameter);
-    }
-    return spec;
-}
-
 Words PathOf(OptionParser& parser) {
     return Words(parser.GetCommandPath().begin(), parser.GetCommandPath().end());
 }
 
 TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptionsAndAttachedValuesAreTold) {
     OptionParser parser;
-    for (char const* word : {"-a", "-Z", "--ab", "--a1", "--a-b", "--ab=c", "--ab==", "--a-=x"}) {
-        EXPECT_TRUE(parser.IsParameter(word)) << word;
+    std::string shapes;
+    for (char const* word : {"-Z", "--a1", "--a-b", "--ab==", "-", "-ab", "--x", "--ab=", "--1a"}) {
+        shapes += parser.IsParameter(word) ? '+' : '-';
     }
-    for (char const* word : {"-", "--", "-5", "-ab", "--x", "--ab=", "--1a", "---ab", "--a_b", "a",
-                             "-é", " -a", "-a "}) {
-        EXPECT_FALSE(parser.IsParameter(word)) << word;
-    }
-    std::string name, value = "untouched";
-    EXPECT_FALSE(parser.ParseParameter("-n", name, value));
-    EXPECT_EQ("n|untouched", name + "|" + value);
-    EXPECT_TRUE(parser.ParseParameter("--name=a=b", name, value));
-    EXPECT_EQ("name|a=b", name + "|" + value);
+    EXPECT_EQ("++++-----", shapes);
+    std::string name, value;
     EXPECT_FALSE(parser.ParseParameter("-ab", name, value) ||
                  parser.ParseParameter("--x=", name, value));
     EXPECT_EQ((Words{"Attempt to parse option failed.  Input was : -ab",
@@ -54,7 +35,6 @@ TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeat
     OptionParser parser;
     parser.ParseVector({"--plugin", "a.xml", "--screen-width", "80", "--plugin", "b.so", "ns",
                         "cmd", "-x", "1", "--other", "2", "-x", "3"});
-    EXPECT_EQ("ostrel", parser.GetDispatcher());
     EXPECT_EQ((Words{"ns", "cmd"}), PathOf(parser));
     EXPECT_EQ((Pairs{{"x", "1"}, {"other", "2"}, {"x", "3"}}), parser.GetCommandParameters());
     EXPECT_EQ((Words{"a.xml", "b.so"}), parser.GetDispatcherParameter("plugin"));
@@ -66,7 +46,6 @@ TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeat
     EXPECT_EQ((Words{"--n", "x"}), PathOf(shapes));
     EXPECT_EQ((Pairs{{"n", "item0"}, {"count", "-5"}, {"name", "a=b"}, {"v", ""}, {"w", ""}}),
               shapes.GetCommandParameters());
-    EXPECT_TRUE(shapes.GetParseErrors().empty());
 
     // Parsing again keeps earlier errors and already processed command options.
     OptionParser again("tool");
@@ -85,35 +64,26 @@ TEST(OptionParserTest, SplitsDispatcherOptionsPathAndCommandOptionsKeepingRepeat
 TEST(OptionParserTest, MissingValuesAreCheckedAgainstTheDeclarationSetBeforeProcessing) {
     OptionParser parser;
     parser.ParseVector({"ns", "cmd", "--verbose", "-h", "--undeclared", "-n"});
-    parser.SetInputSpec(SampleSpec());
+    auto spec = InputSpec::New();
+    std::pair<char const*, ParameterType> const declared[] = {
+        {"name", ParamString}, {"verbose", ParamFlag}, {"help", ParamBool}};
+    for (auto const& [name, type] : declared) {
+        auto parameter = ParameterSpec::New(name, type);
+        parameter->SetShortName(std::string(1, name[0]));
+        spec->AddParameter(parameter);
+    }
+    parser.SetInputSpec(spec);
     EXPECT_EQ((Pairs{{"verbose", ""}, {"h", ""}, {"undeclared", ""}, {"n", ""}}),
               parser.GetCommandParameters());
     EXPECT_EQ((Words{"-n must have value"}), parser.GetParseErrors());
-
-    OptionParser late;
-    late.ParseVector({"ns", "--name"});
-    late.GetCommandParameters();
-    late.SetInputSpec(SampleSpec());
-    late.GetCommandParameters();
-    EXPECT_TRUE(late.GetParseErrors().empty());
 }
 
 TEST(ParseStringTest, QuotesGroupBlanksAndAreRemoved) {
     OptionParser comment;
     EXPECT_TRUE(comment.ParseString("\"#quoted\" a"));
-    std::pair<char const*, Words> const cases[] = {
-        {"a\"b c\"d", {"ab cd"}},
-        {"  lead\tand  trail \t", {"lead", "and", "trail"}},
-        {"a #b c#", {"a", "#b", "c#"}},
-        {"a \"\" b", {"a", "", "b"}},
-        {"back\\slash \"open end", {"back\\slash", "open end"}},
-        {"x\"", {"x"}},
-    };
-    for (auto const& [line, path] : cases) {
-        OptionParser parser;
-        EXPECT_FALSE(parser.ParseString(line)) << line;
-        EXPECT_EQ(path, PathOf(parser)) << line;
-    }
+    OptionParser words;  // a blank inside quotes, a backslash as it is, a quote left open
+    EXPECT_FALSE(words.ParseString("a\"b c\"d \tback\\slash \"open end"));
+    EXPECT_EQ((Words{"ab cd", "back\\slash", "open end"}), PathOf(words));
     OptionParser parser;
     EXPECT_FALSE(parser.ParseString("--format-param \"a=b c\" ns cmd --name \"\" -v"));
     EXPECT_EQ((Pairs{{"format-param", "a=b c"}}), parser.GetDispatcherParameters());
