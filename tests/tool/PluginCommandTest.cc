@@ -32,8 +32,6 @@ TEST(PluginCommandTest, SecretPromptAndDefaultFormat) {
         std::string input, out;
     } const rows[] = {
         {{"demo", "echo", "-p", "--label", "L"}, "hunter 2\nnot read\n", prompt + "L:hunter 2\n"},
-        {{"demo", "echo", "--label", "L", "--password"}, "", prompt + "L:\n"},
-        {{"demo", "echo", "--password=a b"}, "unused\n", ":a b\n"},
         {{"demo", "quiet"}, "", ""},
         {{"--formatter", "json", "demo", "quiet"}, "", "1\n"},
         {{"--input", "STDIN"},
