@@ -44,11 +44,10 @@ struct CommandParts {
     std::string outputSpec = "<output-spec><int/></output-spec>";
     std::string formatParameters = "<format-parameters/>";
     std::string execute = "<execute>echo</execute>";
-    std::string standardInput;
 
     std::string Element() const {
         return "<command path=\"" + path + "\">" + description + metaData + inputSpec + outputSpec +
-               formatParameters + execute + standardInput + "</command>";
+               formatParameters + execute + "</command>";
     }
 };
 

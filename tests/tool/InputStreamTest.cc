@@ -21,7 +21,6 @@ TEST(InputStreamTest, StreamRows) {
          "Errors: \nUnknown parameter : bogus\n"},
         {kFailingLine + "ostrel command list -c \"li\"\n  # trailing comment", 0, kCommandTable,
          "Errors: \nUnknown parameter : bogus\n"},
-        {"#only\n\t\n", 0, "", ""},
         {"", 0, "", ""},
         {"--screen-width 40 ostrel command list -c nomatch\nostrel command list\n"
          "--input STDIN ostrel command list\n",

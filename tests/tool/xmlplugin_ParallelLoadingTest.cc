@@ -5,53 +5,44 @@
 #include <string>
 
 #include "Ostrel.h"
-#include "support/DescriptorFiles.h"
 
 namespace {
 
-using namespace DescriptorTest;
-
-std::string NumberedDescriptor(int number, std::string const& commandPath, std::string attribute) {
-    std::string const space = "p" + std::to_string(number);
-    CommandParts command;
-    command.path = commandPath.empty() ? space + ".run" : commandPath;
-    return Descriptor("<namespaces>" + NamespaceElement(space, "Space " + space) +
-                      "</namespaces><commands" + attribute + ">" + command.Element() +
-                      "</commands>");
-}
+using namespace CliTest;
 
 TEST(ParallelLoadingTest, GivesWhatReadingOneByOneGives) {
     DescriptorFiles files;
     for (int number = 10; number < 30; ++number) {
-        std::string text = NumberedDescriptor(number, "", "");
-        if (number == 13) {
-            text = "<plugin><version>1.0.0</plugin>\n";  // not well-formed
-        } else if (number == 16) {
-            text = NumberedDescriptor(number, "", " p:x=\"1\"");  // a parser warning, loads
-        } else if (number == 18) {
-            text = NumberedDescriptor(number, "p12.run", "");  // taken by an earlier file
-        }
-        files.Write("f" + std::to_string(number) + ".xml", text);
+        std::string const space = "p" + std::to_string(number);
+        CommandParts command;
+        // Taken by an earlier file; a parser warning that still loads; not well-formed.
+        command.path = number == 18 ? "p12.run" : space + ".run";
+        std::string const attribute = number == 16 ? " p:x=\"1\"" : "";
+        files.Write(space + ".xml",
+                    number == 13 ? "<plugin><version>1.0.0</plugin>\n"
+                                 : Descriptor("<namespaces>" + NamespaceElement(space, space) +
+                                              "</namespaces><commands" + attribute + ">" +
+                                              command.Element() + "</commands>"));
     }
     files.Write("notes.txt", "not a plug-in");
-    CliTest::Words const list = CliTest::List({"--plugin-dir", files.path});
-    auto const threaded = CliTest::Ostrel(list);
-    CliTest::Words argv = {"taskset", "-c", "0", OSTREL_BINARY};
+    Words const list = List({"--plugin-dir", files.path});
+    auto const threaded = Ostrel(list);
+    Words argv = {"taskset", "-c", "0", OSTREL_BINARY};
     argv.insert(argv.end(), list.begin(), list.end());
     auto const single =
         TestSupport::RunProgram("/usr/bin/taskset", argv, "", {"OSTREL_SKIP_DEFAULT_PLUGINS=1"});
-    TestSupport::ExpectRun(threaded, single.status, single.out, single.err);
+    ExpectRun(threaded, single.status, single.out, single.err);
     EXPECT_EQ(0, threaded.status);
-    size_t from = 0;
-    for (std::string const& expected : CliTest::Words{
-             "f13.xml:1: parser error : Opening and ending tag mismatch",
-             "Error loading plugin " + files.path + "/f13.xml skipping.",
-             "f16.xml:4: namespace error", "Ostrel path is already registered: p12.run"}) {
-        size_t const at = threaded.err.find(expected, from);
+    // The XML parser's own words in their file's place, before what the loader says of it.
+    size_t at = 0;
+    for (std::string const& expected :
+         Words{"p13.xml:1: parser error : Opening and ending tag mismatch",
+               "Error loading plugin " + files.path + "/p13.xml skipping.",
+               "p16.xml:4: namespace error", "registered: p12.run"}) {
+        at = threaded.err.find(expected, at);
         ASSERT_NE(std::string::npos, at) << expected << "\nin:\n" << threaded.err;
-        from = at + expected.size();
     }
-    EXPECT_NE(std::string::npos, threaded.out.find("p29             run")) << threaded.out;
+    EXPECT_NE(std::string::npos, threaded.out.find("p29")) << threaded.out;
 }
 
 }  // namespace
