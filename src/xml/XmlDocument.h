@@ -29,6 +29,13 @@ inline XmlDocument ParseXmlDocument(std::string_view text, char const* url, int 
         xmlReadMemory(text.data(), static_cast<int>(text.size()), url, nullptr, options));
 }
 
+// Parses a document pulled from read(source, buffer, size), which answers like read(2). Empty
+// when the text is not well-formed or cannot be read.
+inline XmlDocument ParseXmlDocument(xmlInputReadCallback read, void* source, char const* url,
+                                    int options) {
+    return XmlDocument(xmlReadIO(read, nullptr, source, url, nullptr, options));
+}
+
 }  // namespace AutoCli
 }  // namespace Tindra
 

@@ -3,7 +3,7 @@
 
 #include <libxml/parser.h>
 
-#include "platform/FileContent.h"
+#include "platform/BoundedFileSource.h"
 #include "platform/RegularFile.h"
 #include "tindra/TindraException.h"
 #include "tindra/autocli/plugins/DescriptorReaders.h"
@@ -167,11 +167,13 @@ void XmlPlugin::ReadDescriptor() {
     if (!kind.empty()) {
         throw TindraException(fileName + " is " + kind + ", not a regular file");
     }
-    std::string text;
+    Platform::UniqueFd file = Platform::OpenRegularFile(fileName);
+    Platform::BoundedFileSource source(file.Get(), kLargestDescriptor);
     XmlDocument document;
-    if (Platform::ReadFileContent(fileName, kLargestDescriptor, text)) {
+    if (file.IsOpen() && source.Readable()) {
         // Compact storage of short texts only saves allocations; the tree is the same.
-        document = ParseXmlDocument(text, fileName.c_str(), XML_PARSE_COMPACT);
+        document = ParseXmlDocument(&Platform::BoundedFileSource::Read, &source, fileName.c_str(),
+                                    XML_PARSE_COMPACT);
     }
     xmlNode* root = document ? xmlDocGetRootElement(document.get()) : nullptr;
     if (root == nullptr) {
