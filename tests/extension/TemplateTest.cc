@@ -86,14 +86,11 @@ TEST(TemplateTest, SectionsListsAndRepeatedOptions) {
         {list, odd, "$multilist{xx,-o,true}", " -o \"a\"$HOME`id`\\\" -o \"b c\"", true},
     });
     EXPECT_EQ(std::make_pair(size_t{0}, size_t{0}), FindPairedTokenSize("{x}", 5, 3, '{', '}'));
-}
-
-TEST(TemplateTest, MissingSpecificationsFailOnUse) {
-    auto command = ExtensionCommand::New();
+    // A command without its specifications fails when they are used.
     EXPECT_EQ("Request for NULL InputSpec.  Extension command is incomplete and will not work",
-              ThrownMessage([&] { command->GetInputSpecInternal(); }));
+              ThrownMessage([] { ExtensionCommand::New()->GetInputSpecInternal(); }));
     EXPECT_EQ("Request for NULL OutputSpec.  Extension command is incomplete and will not work",
-              ThrownMessage([&] { command->GetOutputSpecInternal(); }));
+              ThrownMessage([] { ExtensionCommand::New()->GetOutputSpecInternal(); }));
 }
 
 }  // namespace

@@ -31,11 +31,10 @@ TEST(DescriptorReadingTest, ParametersKeepKindMarksAndDescriptionSortedByName) {
         "</description></parameter></input-spec>",
         ExtractInputSpec);
     std::vector<std::string> seen;
-    for (auto const& p : spec->parameters) {
+    for (auto const& p : spec->parameters)
         seen.push_back(p->GetName() + " " + std::to_string(p->GetType()) + " " +
                        std::to_string(p->IsRequired()) + std::to_string(p->IsSecret()) + " '" +
                        p->GetShortName() + "' " + p->GetDescription(false));
-    }
     EXPECT_EQ((std::vector<std::string>{"alpha " + std::to_string(ParamFlag) + " 00 '' A",
                                         "mid " + std::to_string(ParamBoolList) + " 00 '' M",
                                         "zeta " + std::to_string(ParamString) + " 11 'z' Z"}),
