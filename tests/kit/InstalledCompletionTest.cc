@@ -16,7 +16,8 @@ using TestSupport::Installed;
 using Installation = TestSupport::PrivateInstall;
 using Rows = std::vector<std::pair<std::string, std::string>>;  // a line, its sorted candidates
 
-// Bash is handed the words it would split (at blanks and at "=", a word break).
+// Bash is handed the words it would split (at blanks and at "=", a word break); the zsh
+// function is driven with compadd and _files standing in for the completion system.
 char const kBash[] = R"sh([ -f /usr/share/bash-completion/bash_completion ] &&
   . /usr/share/bash-completion/bash_completion
 . "$PREFIX/share/bash-completion/completions/ostrel"
@@ -29,15 +30,28 @@ complete_line() {
   printf '%s\n' "${COMPREPLY[@]}" | sort | paste -sd ' '
 }
 )sh";
+char const kZsh[] = R"sh(fpath=("$PREFIX/share/zsh/vendor-completions" $fpath)
+autoload -Uz _ostrel
+compadd() { [[ $1 == -- ]] && shift; print -rl -- "$@" }
+_files() { print -r -- "(files $*)" }
+complete_line() {
+  local -a words; local CURRENT
+  words=(${(z)1}); [[ $1 == *' ' ]] && words+=('')
+  CURRENT=$#words
+  _ostrel | sort | paste -sd ' '
+}
+)sh";
 
-void ExpectCandidates(Installation const& installed, Rows const& rows) {
-    std::string script = "PREFIX='" + installed.prefix + "'\n" + kBash;
+void ExpectCandidates(Installation const& installed, Rows const& rows,
+                      std::string const& shell = TINDRA_BASH) {
+    std::string script =
+        "PREFIX='" + installed.prefix + "'\n" + (shell == TINDRA_BASH ? kBash : kZsh);
     std::string expected;
     for (auto const& [line, candidates] : rows) {
         script += "complete_line '" + line + "'\n";
         expected += candidates + "\n";
     }
-    TestSupport::ExpectRun(installed.Shell(TINDRA_BASH, script), 0, expected, "");
+    TestSupport::ExpectRun(installed.Shell(shell, script), 0, expected, "");
 }
 
 // Descriptors call their helpers under the prefix.
@@ -85,6 +99,18 @@ TEST(Completion, BashOffersTreeOptionsValuesAndFiles) {
                       {kinds + "-l ", "1 2"},
                       {kinds + "--quiet ", "--help --level --tag --verbose -h -l -v"},
                       {kinds + "--tag a -v 1 ", "--help --level --quiet --tag -h -l -q"}});
+}
+
+// The candidates are the helper's, pinned in bash; here only what the zsh function adds.
+TEST(Completion, ZshOffersTheSameFromTheSameTree) {
+    if (std::string(TINDRA_ZSH).empty())
+        GTEST_SKIP() << "zsh is not installed";
+    ExpectCandidates(Installed(),
+                     {{"ostrel ", "hardware network ostrel storage system"},
+                      {"ostrel system resource get --units=K", "--units=KiB"},
+                      {"ostrel --input ", "(files )"},
+                      {"ostrel --plugin-dir ", "(files -/)"}},
+                     TINDRA_ZSH);
 }
 
 // Broken plug-ins in the installed directory cost their own commands and nothing is printed;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tindra/autocli/extension/ExtensionCommand.h"
 #include "tindra/autocli/plugins/DescriptorReaders.h"
 #include "xml/XmlDocument.h"
 
@@ -59,6 +60,25 @@ TEST(DescriptorReadingTest, ConstraintNumbersAndTheLastEnumCounting) {
         ExtractParamConstraint)
         ->GetIntRange(minimum, maximum);
     EXPECT_EQ(std::make_pair(-5L, 12L), std::make_pair(minimum, maximum));
+}
+
+// "example:<arguments>" entries stay meta data and become the command's help examples.
+TEST(DescriptorReadingTest, ExampleEntriesAndFormatParameters) {
+    auto command = ExtensionCommand::New();
+    Read(
+        "<meta-data><meta-data-entry name=\"type\">fetcher</meta-data-entry><meta-data-entry "
+        "name=\"example:--all\">Everything</meta-data-entry></meta-data>",
+        [&](xmlNode* node) { ExtractMetaData(node, command); });
+    Read(
+        "<format-parameters><formatter>json</formatter><format-parameter name=\"fields\">A,B"
+        "</format-parameter></format-parameters>",
+        [&](xmlNode* node) { ExtractFormatParams(node, command); });
+    EXPECT_EQ((std::vector<CommandSpec::Example>{{"--all", "Everything"}}), command->GetExamples());
+    EXPECT_EQ("Everything", command->GetMetaDataField("example:--all"));
+    EXPECT_EQ("fetcher", command->GetMetaDataField("type"));
+    auto const format = command->GetDefaultOutputFormatParameters();
+    EXPECT_EQ("json", format.GetFormatter());
+    EXPECT_EQ("A,B", format.GetParameter("fields"));
 }
 
 }  // namespace
