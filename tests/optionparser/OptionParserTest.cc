@@ -19,10 +19,11 @@ Words PathOf(OptionParser& parser) {
 TEST(OptionShapeTest, OnlyLettersAndLongNamesAreOptionsAndAttachedValuesAreTold) {
     OptionParser parser;
     std::string shapes;
-    for (char const* word : {"-Z", "--a1", "--a-b", "--ab==", "-", "-ab", "--x", "--ab=", "--1a"}) {
+    for (char const* word : {"-Z", "--a1", "--a-b", "--ab==", "-", "-ab", "--x", "--ab=", "--1a",
+                             "--x=y", "--ab.c", "--ab\n", "-a\n", "--ab=\n"}) {
         shapes += parser.IsParameter(word) ? '+' : '-';
     }
-    EXPECT_EQ("++++-----", shapes);
+    EXPECT_EQ("++++---------+", shapes);
     std::string name, value;
     EXPECT_FALSE(parser.ParseParameter("-ab", name, value) ||
                  parser.ParseParameter("--x=", name, value));

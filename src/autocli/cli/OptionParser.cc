@@ -1,38 +1,16 @@
 #include "tindra/autocli/cli/OptionParser.h"
 
-#include <boost/regex.hpp>
 #include <iostream>
 #include <sstream>
 
 #include "autocli/cli/CommandLineSplitter.h"
+#include "autocli/cli/OptionWordShape.h"
 #include "platform/TerminalEchoGuard.h"
 
 namespace Tindra {
 namespace AutoCli {
 
 namespace {
-
-// The option shapes: a hyphen and one letter, or two hyphens and a name of at least two
-// characters, optionally with a non-empty value attached by "=". Anything else is a word.
-boost::regex const& OptionShape() {
-    static boost::regex const shape("^(-[a-zA-Z]|--([a-zA-Z][a-zA-Z0-9-]+)(=.+)?)$");
-    return shape;
-}
-
-boost::regex const& ShortOptionShape() {
-    static boost::regex const shape("^-([a-zA-Z])$");
-    return shape;
-}
-
-boost::regex const& LongOptionShape() {
-    static boost::regex const shape("^--([a-zA-Z][a-zA-Z0-9-]+)$");
-    return shape;
-}
-
-boost::regex const& AttachedValueShape() {
-    static boost::regex const shape("^--([a-zA-Z][a-zA-Z0-9-]+)=(.+)$");
-    return shape;
-}
 
 std::stack<std::string> StackOf(std::vector<std::string> const& words) {
     std::stack<std::string> stack;
@@ -116,20 +94,17 @@ void OptionParser::ParseStack(std::stack<std::string>& words) {
 }
 
 bool OptionParser::IsParameter(std::string const& word) const {
-    return boost::regex_match(word, OptionShape());
+    return ShapeOfOptionWord(word) != OptionWordShape::Word;
 }
 
 bool OptionParser::ParseParameter(std::string const& word, std::string& name, std::string& value) {
-    boost::smatch match;
-    if (boost::regex_match(word, match, ShortOptionShape()) ||
-        boost::regex_match(word, match, LongOptionShape())) {
-        name = match[1];
-        return false;
-    }
-    if (boost::regex_match(word, match, AttachedValueShape())) {
-        name = match[1];
-        value = match[2];
-        return true;
+    switch (ShapeOfOptionWord(word, &name, &value)) {
+        case OptionWordShape::Option:
+            return false;
+        case OptionWordShape::OptionWithValue:
+            return true;
+        case OptionWordShape::Word:
+            break;
     }
     parseErrors.push_back("Attempt to parse option failed.  Input was : " + word);
     return false;
