@@ -9,6 +9,13 @@
 # The installed plug-in directories are skipped (OSTREL_SKIP_DEFAULT_PLUGINS=1) so that the
 # figure does not depend on what happens to be installed; run with OSTREL_SKIP_DEFAULT_PLUGINS=0
 # in the environment to include them.
+#
+# Which binary matters: the packaged tool (/usr/bin/ostrel from the Debian packages) has no run
+# path and finds libtindra through the loader's cache, like the libraries of the empty program.
+# A build-tree or relocatable binary carries a run path, and the loader probes it (and its
+# hardware subdirectories) for every library it loads first: about 40 failed opens, a few
+# percent of this figure. Pass /usr/bin/ostrel after installing the packages to measure the
+# former.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 ostrel=${1:-$root/build/release/tools/ostrel/ostrel}
