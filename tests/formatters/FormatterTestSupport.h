@@ -44,12 +44,25 @@ std::string Render(std::shared_ptr<MetaObject> const& root,
     return out.str();
 }
 
+inline void SetFields(std::shared_ptr<MetaStruct> const&) {}
+
+template <typename Value, typename... Rest>
+void SetFields(std::shared_ptr<MetaStruct> const& item, char const* name, Value const& value,
+               Rest const&... rest) {
+    item->SetField(name, value);
+    SetFields(item, rest...);
+}
+
+// A structure from alternating field names and values.
+template <typename... Fields>
+std::shared_ptr<MetaStruct> Struct(char const* typeName, Fields const&... fields) {
+    auto item = MetaStruct::New(typeName);
+    SetFields(item, fields...);
+    return item;
+}
+
 inline std::shared_ptr<MetaStruct> Disk(char const* name, long size, char const* model) {
-    auto disk = MetaStruct::New("Disk");
-    disk->SetField("Name", name);
-    disk->SetField("Size", size);
-    disk->SetField("Model", model);
-    return disk;
+    return Struct("Disk", "Name", name, "Size", size, "Model", model);
 }
 
 // A list of structures whose template is the first of them.

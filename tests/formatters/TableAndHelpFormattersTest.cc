@@ -39,11 +39,8 @@ TEST(TableFormatter, DiskExampleHeaderSwitchesAndColumnChoice) {
 }
 
 TEST(TableFormatter, WrapsLastColumnUnderItsStart) {
-    auto entry = [](char const* description) {
-        auto entry = MetaStruct::New("Entry");
-        entry->SetField("Name", "a");
-        entry->SetField("Description", description);
-        return ListOf({entry});
+    auto entry = [](char const* text) {
+        return ListOf({Struct("Entry", "Name", "a", "Description", text)});
     };
     auto const params =
         Params({{"show-header", "false"}, {"fields", "Name,Description"}, {"wrap-last", "true"}});
@@ -67,10 +64,7 @@ TEST(TableFormatter, ErrorsPrintOnlyTheirMessage) {
 // Rows of one list need not hold the same fields in the same places, nor the same type name:
 // the list takes any row that matches its template, and a reader may add rows as they come.
 TEST(TableFormatter, EachRowIsReadByItsOwnFieldsAndTypeName) {
-    auto other = MetaStruct::New("Other");
-    other->SetField("Model", "m");
-    other->SetField("Name", "b");
-    other->SetField("Size", 255L);
+    auto other = Struct("Other", "Model", "m", "Name", "b", "Size", 255L);
     auto withBus = Disk("sdb", 7, "Stick");
     withBus->SetField("Bus", "usb");  // sorts first, so every other field moves one place
     auto disks = ListOf({Disk("sda", 512, "Fast disk"), other});
@@ -82,9 +76,7 @@ TEST(TableFormatter, EachRowIsReadByItsOwnFieldsAndTypeName) {
               "Name       Size  Name\n---------  ----  ----\nsda         512  sda\n"
               "b (other)    ff  b (other)\nsdb         007  sdb\n");
 
-    auto h1 = MetaStruct::New("Host");
-    h1->SetField("Disk", Disk("sda", 512, "Fast disk"));
-    h1->SetField("Name", "h1");
+    auto h1 = Struct("Host", "Disk", Disk("sda", 512, "Fast disk"), "Name", "h1");
     EXPECT_EQ(
         Table(ListOf({h1}), Params({{"fields", "Name,Disk.Name,Disk.Size"}})),
         "Name  Disk.Name  Disk.Size\n----  ---------  ---------\nh1    sda              512  \n");
@@ -95,29 +87,21 @@ TEST(TableFormatter, EachRowIsReadByItsOwnFieldsAndTypeName) {
     EXPECT_EQ(GetSubField(nullptr, "Name"), nullptr);
 }
 
-std::shared_ptr<MetaStruct> Option(char const* name, char const* shortName, char const* description,
-                                   bool required, bool secret) {
-    auto option = MetaStruct::New("OstrelCommandParameter");
-    option->SetField("Name", name);
-    option->SetField("Short Name", shortName);
-    option->SetField("Description", description);
-    option->SetField("Required", required);
-    option->SetField("Secret", secret);
-    return option;
-}
-
 TEST(CommandHelpFormatter, RequiredSecretAndExamples) {
-    auto example = MetaStruct::New("OstrelCommandExample");
-    example->SetField("Description", "List all items :");
-    example->SetField("Syntax", "# ostrel demo widget item list --all");
-    auto help = MetaStruct::New("OstrelCommandHelp");
-    help->SetField("Dispatcher", "ostrel");
-    help->SetField("Path", "demo widget item list");
-    help->SetField("Description", "List the items.");
-    help->SetField("Param List", ListOf({Option("all", "a", "Show all.", true, false),
-                                         Option("help", "h", "Show the help.", false, false),
-                                         Option("password", "", "The password.", true, true)}));
-    help->SetField("Example List", ListOf({example}));
+    auto option = [](char const* name, char const* shortName, char const* text, bool required,
+                     bool secret) {
+        return Struct("OstrelCommandParameter", "Name", name, "Short Name", shortName,
+                      "Description", text, "Required", required, "Secret", secret);
+    };
+    auto help =
+        Struct("OstrelCommandHelp", "Dispatcher", "ostrel", "Path", "demo widget item list",
+               "Description", "List the items.", "Param List",
+               ListOf({option("all", "a", "Show all.", true, false),
+                       option("help", "h", "Show the help.", false, false),
+                       option("password", "", "The password.", true, true)}),
+               "Example List",
+               ListOf({Struct("OstrelCommandExample", "Description", "List all items :", "Syntax",
+                              "# ostrel demo widget item list --all")}));
     EXPECT_EQ(Render<CommandHelpFormatter>(help),
               "Usage: ostrel demo widget item list <options>\n\nDescription: List the items.\n\n"
               "  -a|--all        Show all. (required)\n"
