@@ -47,17 +47,17 @@ std::string Render(std::shared_ptr<MetaObject> const& root,
 inline void SetFields(std::shared_ptr<MetaStruct> const&) {}
 
 template <typename Value, typename... Rest>
-void SetFields(std::shared_ptr<MetaStruct> const& item, char const* name, Value const& value,
-               Rest const&... rest) {
-    item->SetField(name, value);
-    SetFields(item, rest...);
+void SetFields(std::shared_ptr<MetaStruct> const& item, char const* name, Value&& value,
+               Rest&&... rest) {
+    item->SetField(name, std::forward<Value>(value));
+    SetFields(item, std::forward<Rest>(rest)...);
 }
 
 // A structure from alternating field names and values.
 template <typename... Fields>
-std::shared_ptr<MetaStruct> Struct(char const* typeName, Fields const&... fields) {
+std::shared_ptr<MetaStruct> Struct(char const* typeName, Fields&&... fields) {
     auto item = MetaStruct::New(typeName);
-    SetFields(item, fields...);
+    SetFields(item, std::forward<Fields>(fields)...);
     return item;
 }
 

@@ -97,7 +97,7 @@ TEST(StructComparison, MessagesForEachDifference) {
         Compare(Disk(), MetaList::New(Int), false));
 }
 
-TEST(ListItems, KindsTemplatesOrderAndIndexErrors) {
+TEST(Lists, KindsTemplatesIndexErrorsRefusedItemsAndComparison) {
     EXPECT_EQ("Integer, boolean or string type expected for list.",
               ThrownMessage([] { MetaList::New(Struct); }));
     EXPECT_EQ("Struct type expected for list.",
@@ -120,10 +120,7 @@ TEST(ListItems, KindsTemplatesOrderAndIndexErrors) {
     EXPECT_EQ(big, list->GetItem(0));
     list->Delete(0);
     EXPECT_EQ("3, 4", list->ToString());
-}
 
-TEST(ListAdd, WrongItemsAreRefusedWithoutChange) {
-    auto list = MetaList::New(Int);
     EXPECT_EQ(
         "Invalid type specificed in MetaList.  Expected object of type Int got object of type "
         "String",
@@ -145,13 +142,11 @@ TEST(ListAdd, WrongItemsAreRefusedWithoutChange) {
         "Invalid structure detected by MetaList::Add.  Type Errors were: (1) : List created with "
         "NULL structure.  No items can be added to this list.",
         ThrownMessage([] { MetaList::New(Struct, std::shared_ptr<MetaStruct>())->Add(Disk()); }));
-}
 
-// Lists compare by item kind and template, never by their items.
-TEST(ListComparison, MessagesForEachDifference) {
+    // Lists compare by item kind and template, never by their items.
     auto reference = MetaList::New(Int);
     reference->Add(1);
-    Messages errors;
+    errors.clear();
     EXPECT_TRUE(reference->IsSameStructure(MetaList::New(Int), &errors));
     EXPECT_FALSE(reference->IsSameStructure(MetaList::New(String), &errors));
     EXPECT_FALSE(reference->IsSameStructure(MetaInt::New(1L), &errors));

@@ -95,7 +95,7 @@ TEST_F(DispatcherTest, PluginsAddFormattersUnlessOneClashesAndFormattersFailAsMe
               Names{"Unable to format the output with the formatter boom: field too wide"});
 }
 
-TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRun) {
+TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRunAndTheirFailuresBecomeErrors) {
     EXPECT_EQ(Errors({}), Names{"Unable to find command"});
     EXPECT_EQ(Errors({"demo", "nosuch"}).size(), 2u);  // the resolution's message, then this
     EXPECT_EQ(Errors({"demo"}), Names{"Path refers to a namespace, not a command."});
@@ -105,11 +105,9 @@ TEST_F(DispatcherTest, CommandsAreFoundValidatedAndRun) {
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "simple");
     input->SetCommandPath({});
     EXPECT_EQ(dispatcher.GetDefaultOutputFormatParameters(input, output).GetFormatter(), "");
-}
 
-// Whatever a command throws ends as one message, never as an exception; a result that does not
-// fit the declared one is the command's fault and named so.
-TEST_F(DispatcherTest, FailuresOfCommandsBecomeErrors) {
+    // Whatever a command throws ends as one message, never as an exception; a result that does
+    // not fit the declared one is the command's fault and named so.
     command->action = [](Input&, Output&) { throw 42; };
     EXPECT_EQ(Errors(), Names{"Error on command demo show : an exception of unknown type"});
     command->action = [](Input&, Output& out) {
