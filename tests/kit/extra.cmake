@@ -1,10 +1,7 @@
-# The kit tests install the build, compile plug-ins against it as an outside author does and
-# drive the installed tool and its shell completions.
+# The kit tests install the build and build plug-ins against it as an outside author does.
 find_program(TINDRA_PKG_CONFIG_PROGRAM pkg-config REQUIRED)
 find_program(TINDRA_BASH_PROGRAM bash REQUIRED)
 find_program(TINDRA_ZSH_PROGRAM zsh)  # a test dependency; its test is skipped without it
-find_program(TINDRA_READELF_PROGRAM readelf REQUIRED)
-find_program(TINDRA_CXXFILT_PROGRAM c++filt REQUIRED)
 
 # Installing needs every target of the default build outside the tests built first.
 function(tindra_kit_default_targets directory)
@@ -30,7 +27,7 @@ target_compile_definitions(${target} PRIVATE
   TINDRA_MAKE_PROGRAM="${CMAKE_MAKE_PROGRAM}"
   TINDRA_CXX_COMPILER="${CMAKE_CXX_COMPILER}"
   TINDRA_PKG_CONFIG="${TINDRA_PKG_CONFIG_PROGRAM}"
-  TINDRA_READELF="${TINDRA_READELF_PROGRAM}"
+  TINDRA_READELF="${CMAKE_READELF}"
   TINDRA_BASH="${TINDRA_BASH_PROGRAM}"
   TINDRA_ZSH="$<IF:$<BOOL:${TINDRA_ZSH_PROGRAM}>,${TINDRA_ZSH_PROGRAM},>"
   TINDRA_LIBXML2_INCLUDE="${LIBXML2_INCLUDE_DIR}"
@@ -45,5 +42,5 @@ target_compile_definitions(${target} PRIVATE
 # What the shared library exports, against the public headers.
 add_test(NAME ExportedSymbols.MatchThePublicHeaders
          COMMAND sh ${CMAKE_CURRENT_SOURCE_DIR}/kit/exported_symbols.sh $<TARGET_FILE:tindra>
-                 ${PROJECT_SOURCE_DIR}/include ${CMAKE_NM} ${TINDRA_CXXFILT_PROGRAM})
+                 ${PROJECT_SOURCE_DIR}/include ${CMAKE_NM})
 set_tests_properties(ExportedSymbols.MatchThePublicHeaders PROPERTIES LABELS tool)

@@ -5,21 +5,29 @@
 // their helpers by the prefix given at install time, so it is a real one, not a DESTDIR stage.
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "support/ChildProcess.h"
 #include "support/tree/TempDirectory.h"
 
 namespace TestSupport {
 
+// Runs a build tool; a failure throws with everything it printed.
+inline std::string RunTool(std::vector<std::string> const& argv,
+                           std::vector<std::string> const& environment = {}) {
+    auto const run = RunProgram(argv.front(), argv, "", environment);
+    if (run.status != 0)
+        throw std::runtime_error(argv.front() + " ended with status " + std::to_string(run.status) +
+                                 ":\n" + run.out + run.err);
+    return run.out;
+}
+
 struct PrivateInstall {
     Tindra::Testing::TempDirectory work;
     std::string prefix = work.path + "/prefix";
 
     PrivateInstall() {
-        auto const run = RunProgram(TINDRA_CMAKE_COMMAND, {TINDRA_CMAKE_COMMAND, "--install",
-                                                           TINDRA_BUILD_DIR, "--prefix", prefix});
-        if (run.status != 0)
-            throw std::runtime_error("cmake --install failed:\n" + run.out + run.err);
+        RunTool({TINDRA_CMAKE_COMMAND, "--install", TINDRA_BUILD_DIR, "--prefix", prefix});
     }
     // The installed tool found on PATH, run from the scratch directory with nothing of the
     // test's in its environment.

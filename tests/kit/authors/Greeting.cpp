@@ -20,7 +20,6 @@ public:
 protected:
     std::shared_ptr<CallSpec::InputSpec> GetInputSpecInternal() override {
         auto name = CallSpec::ParameterSpec::New("name", CallSpec::ParamString);
-        name->SetShortName("n");
         name->SetRequired(false);
         auto spec = CallSpec::InputSpec::New();
         spec->AddParameter(name);
