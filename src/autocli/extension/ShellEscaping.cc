@@ -93,9 +93,7 @@ std::string SanitizeUnquoted(std::string const& value, bool atWordStart) {
 std::string KeepNameCharacters(std::string const& value) {
     std::string kept;
     for (char c : value) {
-        bool const nameChar =
-            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-        if (nameChar) {
+        if (IsNameChar(c)) {
             kept.push_back(c);
         }
     }
