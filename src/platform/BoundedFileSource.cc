@@ -1,16 +1,13 @@
 #include "platform/BoundedFileSource.h"
 
 #include <errno.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Tindra {
 namespace Platform {
 
-BoundedFileSource::BoundedFileSource(int fd, size_t limit) : fd(fd), left(limit) {
-    struct stat status;
-    readable = fd >= 0 && ::fstat(fd, &status) == 0 && static_cast<size_t>(status.st_size) <= limit;
-}
+BoundedFileSource::BoundedFileSource(int fd, size_t size, size_t limit)
+    : fd(fd), left(limit), readable(fd >= 0 && size <= limit) {}
 
 int BoundedFileSource::Read(void* source, char* buffer, int size) {
     auto& self = *static_cast<BoundedFileSource*>(source);

@@ -11,9 +11,10 @@ namespace Platform {
 // while read fails then. Nothing is copied on the way.
 class BoundedFileSource {
 public:
-    BoundedFileSource(int fd, size_t limit);
+    // size: the file's size when it was opened.
+    BoundedFileSource(int fd, size_t size, size_t limit);
 
-    // False when the file cannot be examined or was larger than the limit when opened.
+    // False when the file is not open or was larger than the limit when opened.
     bool Readable() const { return readable; }
 
     // A pull-reader callback on a BoundedFileSource: up to size bytes into buffer; the count,

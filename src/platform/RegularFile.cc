@@ -41,7 +41,7 @@ std::string NonRegularFileKind(std::string const& path) {
     return KindOf(status.st_mode);
 }
 
-UniqueFd OpenRegularFile(std::string const& path) {
+UniqueFd OpenRegularFile(std::string const& path, size_t* size) {
     // Looked at first so that a device is never opened; the descriptor is checked again
     // because the name may point elsewhere by the time it is opened.
     if (!NonRegularFileKind(path).empty()) {
@@ -60,6 +60,9 @@ UniqueFd OpenRegularFile(std::string const& path) {
     int flags = ::fcntl(fd.Get(), F_GETFL);
     if (flags < 0 || ::fcntl(fd.Get(), F_SETFL, flags & ~O_NONBLOCK) != 0) {
         return UniqueFd();
+    }
+    if (size != nullptr) {
+        *size = static_cast<size_t>(status.st_size);
     }
     return fd;
 }

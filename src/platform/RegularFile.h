@@ -1,6 +1,7 @@
 #ifndef TINDRA_SRC_PLATFORM_REGULARFILE_H
 #define TINDRA_SRC_PLATFORM_REGULARFILE_H
 
+#include <cstddef>
 #include <string>
 
 #include "platform/Fd.h"
@@ -17,7 +18,8 @@ std::string NonRegularFileKind(std::string const& path);
 
 // Opens a regular file for reading without ever blocking: a file swapped for a FIFO after it
 // was examined is refused too. Not open, with errno set, on failure (EINVAL: not regular).
-UniqueFd OpenRegularFile(std::string const& path);
+// size, when given, receives the size of the file opened.
+UniqueFd OpenRegularFile(std::string const& path, size_t* size = nullptr);
 
 }  // namespace Platform
 }  // namespace Tindra

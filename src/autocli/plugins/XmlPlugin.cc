@@ -167,10 +167,11 @@ void XmlPlugin::ReadDescriptor() {
     if (!kind.empty()) {
         throw TindraException(fileName + " is " + kind + ", not a regular file");
     }
-    Platform::UniqueFd file = Platform::OpenRegularFile(fileName);
-    Platform::BoundedFileSource source(file.Get(), kLargestDescriptor);
+    size_t size = 0;
+    Platform::UniqueFd file = Platform::OpenRegularFile(fileName, &size);
+    Platform::BoundedFileSource source(file.Get(), size, kLargestDescriptor);
     XmlDocument document;
-    if (file.IsOpen() && source.Readable()) {
+    if (source.Readable()) {
         // Compact storage of short texts only saves allocations; the tree is the same.
         document = ParseXmlDocument(&Platform::BoundedFileSource::Read, &source, fileName.c_str(),
                                     XML_PARSE_COMPACT);
